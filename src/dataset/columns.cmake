@@ -1,0 +1,6 @@
+# Files of this area, listed one by one (only files that exist).
+list(APPEND OX_SOURCES
+  ${CMAKE_CURRENT_LIST_DIR}/dataset_core.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/dataset_columns.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/ox_colinfo.cpp
+)

@@ -1,0 +1,3 @@
+# Sources of src/markup, listed one by one.
+list(APPEND OX_SOURCES
+)
