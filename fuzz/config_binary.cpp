@@ -6,19 +6,7 @@
 #include <string>
 
 #include "Ox_Config.h"
-
-namespace {
-
-std::string Stream(const Ox_Config &config) {
-  Ox_Buffer buffer;
-  config.SaveToStream(buffer);
-  const unsigned char *data = buffer.GetData();
-  return data ? std::string(reinterpret_cast<const char *>(data),
-                            static_cast<size_t>(buffer.GetSize()))
-              : std::string();
-}
-
-}  // namespace
+#include "config_fuzz_util.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   Ox_Buffer input;
@@ -34,11 +22,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (static_cast<size_t>(sections) * 8 > size) abort();
 
   // Saved, loaded and saved again: the same bytes.
-  std::string first = Stream(config);
+  std::string first = OxFuzzConfigStream(config);
   Ox_Buffer buffer;
   config.SaveToStream(buffer);
   Ox_Config back;
   if (back.LoadFromStream(buffer) != sections) abort();
-  if (Stream(back) != first) abort();
+  if (OxFuzzConfigStream(back) != first) abort();
   return 0;
 }

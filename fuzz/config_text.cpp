@@ -10,6 +10,7 @@
 #include <string>
 
 #include "Ox_Config.h"
+#include "config_fuzz_util.h"
 
 namespace {
 
@@ -22,16 +23,6 @@ const std::string &InputPath() {
     return std::string(pattern);
   }();
   return path;
-}
-
-// The binary form of a configuration as a string of bytes.
-std::string Stream(const Ox_Config &config) {
-  Ox_Buffer buffer;
-  config.SaveToStream(buffer);
-  const unsigned char *data = buffer.GetData();
-  return data ? std::string(reinterpret_cast<const char *>(data),
-                            static_cast<size_t>(buffer.GetSize()))
-              : std::string();
 }
 
 }  // namespace
@@ -51,12 +42,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   // reads a missing name as the one before), so such input stops here.
   for (int i = 1; i < config.GetSectionCount(); ++i)
     if (config.GetItemNN(i).id.GetLength() == 0) return 0;
-  std::string first = Stream(config);
+  std::string first = OxFuzzConfigStream(config);
   Ox_Buffer buffer;
   config.SaveToStream(buffer);
   Ox_Config back;
   if (back.LoadFromStream(buffer) != sections) abort();
-  if (Stream(back) != first) abort();
+  if (OxFuzzConfigStream(back) != first) abort();
 
   // Every access member copes with what was loaded.
   for (int i = 0; i < config.GetSectionCount(); ++i) {

@@ -1,2 +1,2 @@
 # list(APPEND OX_FUZZ_TARGETS name ...)
-list(APPEND OX_FUZZ_TARGETS variables_parse)
+list(APPEND OX_FUZZ_TARGETS variables_parse binstream_load)

@@ -19,8 +19,10 @@
 #include "Ox_Variant.h"
 #include "Ox_VariantOps.h"
 
-// Dataset
+// Dataset and interchange
 #include "Ox_Dataset.h"
+#include "Ox_Variable.h"
+#include "Ox_BinStream.h"
 
 // System services
 #include "Ox_Compress.h"

@@ -175,6 +175,15 @@ class OX_API Ox_ColList : public Ox_ObjList {
   // subtotal in Korean, or in Chinese and Japanese, each in code page
   // 949, and "subtotal" otherwise.
   static const char *GetDefaultSummText();
+
+  // First binary stream form (dataset_binstream.cpp). Save appends the
+  // block (magic 0xFF08, version, count, then per column in declaration
+  // order its id, type, size and, from 3100 on, summary word and text)
+  // and returns the position behind it, or -1. Load empties the list and
+  // returns the position behind the block: the buffer's size when it ends
+  // early, -1 for a wrong magic.
+  int Save(Ox_Buffer &buffer, unsigned int codePage, int version) const;
+  int Load(const Ox_Buffer &buffer, int position, unsigned int codePage);
 };
 
 // ===========================================================================
@@ -222,6 +231,14 @@ class OX_API Ox_Record : public Ox_VariantBufList {
 
   static void InitWithMemory(Ox_Record *item);
   static void FreeWithMemory(Ox_Record *item);
+
+  // First binary stream form (dataset_binstream.cpp): cell count, row
+  // type (`type`'s low byte; -1 the record's own), orgRef, then each cell.
+  // Save returns the end position, or -1. Load returns the position behind
+  // the record, the buffer's size when it ends early, or a negative value
+  // for a cut cell, which also clears the record.
+  int Save(Ox_Buffer &buffer, int type, unsigned int codePage) const;
+  int Load(const Ox_Buffer &buffer, int position, unsigned int codePage);
 
   static const Ox_Record _OxNullRecord;
   static Ox_RecordHandler _OxRecordHandler;
@@ -577,6 +594,189 @@ class OX_API Ox_Dataset {
   // constant and touches no row.
   int UpdateColumn(int row, int col, const Ox_Variant *value);
 
+  // --- Sort (dataset_sort.cpp) -------------------------------------------
+  // The records themselves change place in recs (a swap moves one pointer);
+  // there is no sorted view. Rows equal on all keys end in an order that
+  // depends on the input order: the sort is not stable.
+
+  // Sorts a physical dataset by a key string such as "COL1,COL2:D,COL3:A":
+  // column identifiers ignoring case, each with an optional direction
+  // (D descending, A ascending, anything else or none: ascending when
+  // `ascending` is 1, else descending). With `nullsLast` 0 a null is less
+  // than every value, else greater; a descending key turns that round too.
+  // Afterwards the index list in force (filterIndex while filterActive,
+  // else recIndex, if recIndexValid) is rebuilt from the filter bits, and
+  // with `regroup` 1 the grouping is recomputed. 0 when every key was
+  // known; -1 when any was not (the known ones still sort), for no key,
+  // for more than 64 keys (nothing moves) and on a logical dataset.
+  long Sort(const char *keys, int ascending, int nullsLast, int regroup);
+  // Sorts stored rows `lo` to `hi`, both included, by the key table
+  // (`cols[i]` below 0 is skipped; `dirs[i]` multiplies the comparison).
+  // Always 0; a range outside the rows moves nothing.
+  long _qsort(int *const cols, int ncols, int lo, int hi, int *const dirs,
+              int nullsLast);
+  // Negative, 0 or positive for stored rows `a` and `b` by the key table.
+  int _CompareRecord(int *const cols, int ncols, int a, int b,
+                     int *const dirs, int nullsLast);
+  // Searches pairs `lo` to `hi - 1` of `list`, whose first integers are
+  // stored rows of *pRecs sorted by column `col` in direction `dir`, for
+  // `key`: the position found, or the negated insertion point.
+  int _Fibonacci_Search(Ox_IntList *list, int lo, int hi, int col, int dir,
+                        Ox_Variant *key);
+
+  // --- Filter (dataset_filter.cpp, dataset_filter_find.cpp) -------------
+  // Two levels hide rows from the visible numbering; the stored rows stay.
+  // The first level is recIndex (while recIndexValid), the second
+  // filterIndex (while filterActive), a sub-list of the first. A filter
+  // call hides the row it names or the rows that match. The one condition
+  // evaluated here is "column=text": the cell's text equals the text,
+  // exactly. RecalcFilter (above) does nothing.
+
+  // Hides one row at the first level: a stored row while no index is in
+  // force, else a position in recIndex (summary rows stay). Always 0.
+  long Filter(int row);
+  // Hides every row whose cell matches; the first level is rebuilt by the
+  // caller (or by Sort from the filter bits). -1 for a bad expression.
+  long Filter(const char *expr);
+  // Removes both levels. 0.
+  long UnFilter();
+  // Hides one position of the first level at the second level; -1 while
+  // no first-level index is in force, else 0.
+  long LocFilter(int row);
+  // Hides every matching row of the first level at the second level; -1
+  // while no first-level index is in force or for a bad expression.
+  long LocFilter(const char *expr);
+  // Removes the second level. 0.
+  long LocUnFilter();
+  // Keeps the caller's filter text and drops both indexes; a non-empty
+  // text on a physical dataset leaves an empty first level in force for
+  // the caller to fill. 1.
+  int SetFilterStr(const Ox_AString &text);
+  const Ox_AString &GetFilterStr() const { return filterStr; }
+  // recIndexValid and filterActive, read and written alone.
+  int GetFilterStat() const { return recIndexValid; }
+  void SetFilterStat(int on) { recIndexValid = on; }
+  int GetLocFilterStat() const { return filterActive; }
+  void SetLocFilterStat(int on) { filterActive = on; }
+  // On a view: the stored row of the bound dataset behind visible row
+  // `row` (through filterIndex unless `skiploc`); -1 out of range.
+  int GetRealFilterRowPos(int row, int skiploc) const;
+  // The visible row of a view that shows stored row `stored` of the bound
+  // dataset, -1 if none; a physical dataset gives `stored` back. The last
+  // two arguments are not used.
+  int FindFilterBindRowPos(int stored, int unused1 = 0, int unused2 = 0);
+  // The row of a group dataset that stands for stored row `stored` of the
+  // bound dataset, -1 if none; any other dataset gives `stored` back.
+  int FindGroupBindRowPos(int stored, int unused1 = 0, int unused2 = 0);
+  // Columns need no translation: these give their first argument.
+  int FindFilterBindColPos(int col, int = 0, int = 0) { return col; }
+  int FindGroupBindColPos(int col, int = 0, int = 0) { return col; }
+  int FindPivotBindColPos(int col, int = 0, int = 0) { return col; }
+  int FindPivotBindRowPos(int row, int = 0, int = 0) { return row; }
+
+  // --- Aggregates and lookup (dataset_aggregates*.cpp, dataset_lookup.cpp)
+  // A range is `first` included to `last` excluded. Every member scans:
+  // nothing is indexed or cached. Members without NF take visible rows and
+  // skip summary rows; NF members take stored rows. A column given by
+  // identifier goes to the number overload through GetColIndex, so an
+  // unknown identifier arrives as -1. `pivotPos` matters on pivots only.
+
+  // Visible rows of level 0 in the range; `last` is capped to GetRowCount.
+  int GetCount(int first, int last) const;
+  // Sum: an integer when the cell at row `first` is an integer (32-bit,
+  // wrapping), else a double; the double 0 for an empty range.
+  void GetSum(int col, int first, int last, Ox_Variant &out,
+              int pivotPos = -1) const;
+  void GetSum(const char *colId, int first, int last, Ox_Variant &out,
+              int pivotPos = -1) const;
+  // The greatest (smallest) non-null cell, the value `out` holds on entry
+  // taking part; pass a null `out` for the extreme of the range alone.
+  void GetMax(int col, int first, int last, Ox_Variant &out,
+              int pivotPos = -1) const;
+  void GetMax(const char *colId, int first, int last, Ox_Variant &out,
+              int pivotPos = -1) const;
+  void GetMin(int col, int first, int last, Ox_Variant &out,
+              int pivotPos = -1) const;
+  void GetMin(const char *colId, int first, int last, Ox_Variant &out,
+              int pivotPos = -1) const;
+  // Sum divided by GetCount: null cells count in the divisor; 0 for none.
+  double GetAvg(int col, int first, int last, int pivotPos = -1) const;
+  double GetAvg(const char *colId, int first, int last,
+                int pivotPos = -1) const;
+  // The integer count of non-null cells.
+  void GetCnn(int col, int first, int last, Ox_Variant &out,
+              int pivotPos = -1) const;
+  // Stored rows, no level test.
+  void GetSumNF(int col, int first, int last, Ox_Variant &out,
+                int pivotPos = -1) const;
+  void GetSumNF(const char *colId, int first, int last, Ox_Variant &out,
+                int pivotPos = -1) const;
+  // Unlike GetMax and GetMin, a null cell takes part: it replaces the
+  // running value, which starts again behind it.
+  void GetMaxNF(int col, int first, int last, Ox_Variant &out,
+                int pivotPos = -1) const;
+  void GetMaxNF(const char *colId, int first, int last, Ox_Variant &out,
+                int pivotPos = -1) const;
+  void GetMinNF(int col, int first, int last, Ox_Variant &out,
+                int pivotPos = -1) const;
+  void GetMinNF(const char *colId, int first, int last, Ox_Variant &out,
+                int pivotPos = -1) const;
+  // GetSumNF divided by the length of the range (capped to GetRowCountNF).
+  double GetAvgNF(int col, int first, int last, int pivotPos = -1) const;
+  double GetAvgNF(const char *colId, int first, int last,
+                  int pivotPos = -1) const;
+  // Over the level 0 rows of a pivot's row axis, each by the pivot's
+  // aggregate along that row; `filterflag` goes on to it.
+  int GetCountNN(int col, int filterflag) const;
+  void GetSumNN(int col, int filterflag, Ox_Variant &out) const;
+  double GetAvgNN(int col, int filterflag) const;
+  // Both keep the greatest value: GetMinNN of the row minimums.
+  void GetMinNN(int col, int filterflag, Ox_Variant &out) const;
+  void GetMaxNN(int col, int filterflag, Ox_Variant &out) const;
+
+  // First row whose cell text equals `text` exactly (case counts); -1 if
+  // none. A null cell never matches; an empty `text` finds an empty text.
+  int LookupDataRow(const Ox_AString &col, const Ox_AString &text, int first,
+                    int last) const;
+  int LookupDataRowNF(const Ox_AString &col, const Ox_AString &text,
+                      int first, int last) const;
+  // The same by a pattern, case ignored: "abc" and "abc%" match a prefix,
+  // "%abc" and "%abc%" a part anywhere, "%" any non-null cell.
+  int LookupDataRowAs(const Ox_AString &col, const Ox_AString &pattern,
+                      int first, int last) const;
+  int LookupDataRowNFAs(const Ox_AString &col, const Ox_AString &pattern,
+                        int first, int last) const;
+  // Cell `valcol` of the first stored row whose `keycol` text equals
+  // `text`; null if none (or if that cell is missing). A view asks its
+  // bound dataset.
+  const Ox_Variant *LookupDataText(const Ox_AString &keycol,
+                                   const Ox_AString &text,
+                                   const Ox_AString &valcol) const;
+  // The same into `out`, which a null result clears; on a dataset linked
+  // to a document `out` stays as it was when nothing matches.
+  void LookupDataText(const Ox_AString &keycol, const Ox_AString &text,
+                      const Ox_AString &valcol, Ox_Variant &out);
+
+  // --- Binary stream, first form (interchange/dataset_binstream.cpp) -----
+  // Head, rows (save type 0: all as normal rows; 1: all with their types,
+  // then deleted rows; 2: inserted and updated rows, then deleted rows)
+  // and a 4-byte zero. The end position; -1 unless IsPhysical.
+  int Save(Ox_Buffer &buffer, int saveType, unsigned int codePage,
+           int version);
+  // Clears the dataset and reads a block of either form at `position`.
+  // The end position (the buffer's size for a stream that ends early), or
+  // a negative value.
+  int Load(const Ox_Buffer &buffer, int position);
+  // Rows from `firstRow` as one row block of normal rows; the count field
+  // holds `rowCount` (or the rest), the records run to the last row.
+  int SaveNext(Ox_Buffer &buffer, unsigned int codePage, int firstRow,
+               int rowCount);
+  // Reads one row block, appending to the rows; `rowCount` gets its count.
+  int LoadNext(const Ox_Buffer &buffer, int position, int &rowCount);
+  // Head and rows of either form from position 0; a non-zero `clear`
+  // empties the dataset first.
+  int LoadDataBin(const Ox_Buffer &buffer, int clear);
+
   // --- Data members, in their fixed order ---------------------------------
   // Identity.
   Ox_AString id;           // identifier; compared ignoring case in lists
@@ -633,6 +833,21 @@ class OX_API Ox_Dataset {
   Ox_IntList linkIndex;     // row index in link mode
   void *domSelection;       // the counted node selection, or null
   Ox_NamedStrList nameSpaceList;  // prefix to namespace pairs
+
+ protected:
+  // The blocks of the first binary stream form. Each returns the position
+  // behind what it wrote or read, or -1; SaveData and SaveDeleteData give
+  // `position` back unchanged when they write nothing.
+  int SaveHead(Ox_Buffer &buffer, unsigned int codePage, int version);
+  int SaveData(Ox_Buffer &buffer, int saveType, unsigned int codePage,
+               int position);
+  int SaveDeleteData(Ox_Buffer &buffer, unsigned int codePage, int position);
+  int LoadHead(const Ox_Buffer &buffer, int position);
+  // One row block; `count` gets the block's count (untouched when the
+  // buffer ends before it).
+  int LoadData(const Ox_Buffer &buffer, int position, int &count);
+  // LoadData again and again until the terminator or a failure.
+  int LoadRowBlocks(const Ox_Buffer &buffer, int position);
 
  private:
   void InitMembers(unsigned int cp, const char *idText, int idLength);

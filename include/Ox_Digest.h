@@ -13,6 +13,7 @@
 #ifndef OX_DIGEST_H
 #define OX_DIGEST_H
 
+#include <cstddef>
 #include <cstdint>
 
 #include "Ox_Buffer.h"
@@ -37,15 +38,15 @@ struct Ox_SHA1Context {
   int corrupted;  // non-zero when the object no longer computes
 };
 
-class OX_API Ox_MD5Digest {
+// The members both digest classes share: the input forms, the one-shot
+// digests and the comparison, written once over the engine of `Derived`
+// (its Init, its Digest into raw bytes and its private Feed of bytes).
+// Only the two instantiations below exist; the library provides them.
+template <class Derived, int Size>
+class OX_API Ox_DigestBase {
  public:
-  enum { DIGEST_SIZE = 16 };
+  enum { DIGEST_SIZE = Size };
 
-  Ox_MD5Digest();
-  virtual ~Ox_MD5Digest();
-
-  // Start values.
-  void Init();
   // Adds one byte; `len` bytes from `data + offset` (a negative offset
   // counts as 0); `len` bytes of a buffer from `offset` (a negative `len`
   // meaning up to its end; never past its end); the bytes of a string
@@ -54,13 +55,11 @@ class OX_API Ox_MD5Digest {
   void Update(const unsigned char *data, int offset, int len);
   void Update(const Ox_Buffer &data, int offset, int len);
   void Update(const Ox_AString &text);
-  // Finishes into 16 bytes at `out`, or into `out` released and refilled
-  // with the raw 16 bytes; the context is wiped afterwards.
-  void Digest(unsigned char *const out);
+  // Finishes into `out` released and refilled with the raw digest bytes.
   void Digest(Ox_Buffer &out);
 
-  // One-shot digests: raw bytes to a pointer or a buffer, or 32 lower-case
-  // hexadecimal digits.
+  // One-shot digests: raw bytes to a pointer or a buffer, or lower-case
+  // hexadecimal digits (two per byte).
   static void Digest(unsigned char *const out, unsigned char value);
   static void Digest(unsigned char *const out, const unsigned char *data,
                      int offset, int len);
@@ -79,59 +78,62 @@ class OX_API Ox_MD5Digest {
                      int len);
   static void Digest(Ox_AString &out, const Ox_AString &text);
 
-  // 1 when every bit set in the 16 bytes of `a` is set in `b` as well,
-  // else 0. Not an equality test, and not symmetric. Bytes missing from a
-  // short buffer read as zero.
+  // 1 when every bit set in the DIGEST_SIZE bytes of `a` is set in `b` as
+  // well, else 0. Not an equality test, and not symmetric. Bytes missing
+  // from a short buffer read as zero.
   static int IsEqual(const unsigned char *a, const unsigned char *b);
   static int IsEqual(const Ox_Buffer &a, const Ox_Buffer &b);
 
+ protected:
+  Ox_DigestBase() = default;
+  ~Ox_DigestBase() = default;
+
  private:
+  Derived &Self() { return static_cast<Derived &>(*this); }
+};
+
+class OX_API Ox_MD5Digest : public Ox_DigestBase<Ox_MD5Digest, 16> {
+ public:
+  Ox_MD5Digest();
+  virtual ~Ox_MD5Digest();
+
+  // Start values.
+  void Init();
+  // Finishes into 16 bytes at `out`; the context is wiped afterwards (the
+  // buffer form of the base as well).
+  using Ox_DigestBase<Ox_MD5Digest, 16>::Digest;
+  void Digest(unsigned char *const out);
+
+ private:
+  friend class Ox_DigestBase<Ox_MD5Digest, 16>;
+  // Adds `len` bytes to the running digest.
+  void Feed(const unsigned char *data, size_t len);
+
   Ox_MD5Context context;
 };
 
-class OX_API Ox_SHA1Digest {
+class OX_API Ox_SHA1Digest : public Ox_DigestBase<Ox_SHA1Digest, 20> {
  public:
-  enum { DIGEST_SIZE = 20 };
-
   Ox_SHA1Digest();
   virtual ~Ox_SHA1Digest();
 
   void Init();
-  // As Ox_MD5Digest::Update.
-  void Update(unsigned char value);
-  void Update(const unsigned char *data, int offset, int len);
-  void Update(const Ox_Buffer &data, int offset, int len);
-  void Update(const Ox_AString &text);
-  // Finishes into 20 bytes at `out`, or into `out` released and refilled
-  // with the raw 20 bytes; the final value stays for further calls.
+  // Finishes into 20 bytes at `out`; the final value stays for further
+  // calls. A corrupted object writes nothing (the buffer form of the base
+  // then holds 20 zero bytes).
+  using Ox_DigestBase<Ox_SHA1Digest, 20>::Digest;
   void Digest(unsigned char *const out);
-  void Digest(Ox_Buffer &out);
-
-  // One-shot digests, as Ox_MD5Digest's; the text has 40 digits.
-  static void Digest(unsigned char *const out, unsigned char value);
-  static void Digest(unsigned char *const out, const unsigned char *data,
-                     int offset, int len);
-  static void Digest(unsigned char *const out, const Ox_Buffer &data,
-                     int offset, int len);
-  static void Digest(Ox_Buffer &out, unsigned char value);
-  static void Digest(Ox_Buffer &out, const unsigned char *data, int offset,
-                     int len);
-  static void Digest(Ox_Buffer &out, const Ox_Buffer &data, int offset,
-                     int len);
-  static void Digest(Ox_Buffer &out, const Ox_AString &text);
-  static void Digest(Ox_AString &out, unsigned char value);
-  static void Digest(Ox_AString &out, const unsigned char *data, int offset,
-                     int len);
-  static void Digest(Ox_AString &out, const Ox_Buffer &data, int offset,
-                     int len);
-  static void Digest(Ox_AString &out, const Ox_AString &text);
-
-  // As Ox_MD5Digest::IsEqual, over 20 bytes.
-  static int IsEqual(const unsigned char *a, const unsigned char *b);
-  static int IsEqual(const Ox_Buffer &a, const Ox_Buffer &b);
 
  private:
+  friend class Ox_DigestBase<Ox_SHA1Digest, 20>;
+  // Adds `len` bytes, or marks the object corrupted after its digest.
+  void Feed(const unsigned char *data, size_t len);
+
   Ox_SHA1Context context;
 };
+
+// Both instantiations are compiled once, in the library.
+extern template class Ox_DigestBase<Ox_MD5Digest, 16>;
+extern template class Ox_DigestBase<Ox_SHA1Digest, 20>;
 
 #endif

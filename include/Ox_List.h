@@ -178,12 +178,20 @@ class OX_API Ox_ObjList {
   long Delete(int index, int count = 1);
   long Exchange(int a, int b);
   long Move(int from, int to);
+  // Puts the entries lo .. lo + count - 1 into the order `origin` gives:
+  // position lo + s receives the entry that stood at lo + origin[s]. Each
+  // entry moves whole, owned or link. -1, and nothing moves, when the
+  // range is outside the list or `origin` is not a permutation of
+  // 0 .. count - 1.
+  long Reorder(int lo, const int *origin, int count);
   void *GetItem(int index) const;
   void *GetSafeItem(int index, int grow = 0);
   int FindItem(void *const key) const;
   int AllocItems(int count);
   int Count() const { return m_count; }
   Ox_ListObjHandler *GetHandler() const { return m_handler; }
+  // The unique flag given to the constructor.
+  int IsUnique() const { return m_unique; }
   // Non-zero when the entry at `index` is a link.
   int IsLink(int index) const;
 

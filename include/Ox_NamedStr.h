@@ -199,9 +199,6 @@ class OX_API Ox_NamedStrList : public Ox_ObjList {
  protected:
   // Adds a copy of `item` at the end, with no test of its name.
   int _AddItem(const Ox_NamedStr &item);
-  // Whether the list holds each name once, told through the item at
-  // `index` (which must exist).
-  int _IsUnique(int index);
 
  private:
   // Ox_NamedStr::SetStr or Set on the item at `index`, in a list that is

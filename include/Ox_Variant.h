@@ -282,6 +282,7 @@ class OX_API Ox_Variant {
   Ox_Variant &operator+=(const Ox_AString &text);
   Ox_Variant &operator+=(const char *text);
   Ox_Variant &operator+=(long number);
+  Ox_Variant &operator+=(int number);  // as the long form
   Ox_Variant &operator+=(double number);
   Ox_Variant &operator+=(const Ox_Currency &number);
   Ox_Variant &operator+=(const Ox_DateTime &date);

@@ -6,5 +6,12 @@
 #include <cstdio>
 
 int DemoBase(FILE *out);
+int DemoValues(FILE *out);
+int DemoDataset(FILE *out);
+int DemoExchange(FILE *out);
+
+// The file commands; each returns the exit status.
+int RunDump(const char *path);
+int RunSample(const char *path, const char *saveType);
 
 #endif

@@ -14,6 +14,7 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 #include "Ox_List.h"
 
@@ -189,6 +190,33 @@ long Ox_ObjList::Exchange(int a, int b) {
   m_items[a] = m_items[b];
   m_items[b] = entry;
   return 0;
+}
+
+long Ox_ObjList::Reorder(int lo, const int *origin, int count) {
+  if (count == 0) return 0;
+  if (origin == nullptr || lo < 0 || count < 0 || lo > m_count - count)
+    return -1;
+  // The new order is built in a side array and copied back in one pass;
+  // `seen` turns away an origin that names a position twice or lies
+  // outside the range, before anything has moved.
+  uintptr_t *ordered = new (std::nothrow) uintptr_t[count];
+  unsigned char *seen = new (std::nothrow) unsigned char[count]();
+  long result = ordered != nullptr && seen != nullptr ? 0 : -1;
+  for (int s = 0; result == 0 && s < count; ++s) {
+    const int from = origin[s];
+    if (from < 0 || from >= count || seen[from] != 0) {
+      result = -1;
+      break;
+    }
+    seen[from] = 1;
+    ordered[s] = m_items[lo + from];
+  }
+  if (result == 0)
+    std::memcpy(m_items + lo, ordered,
+                sizeof(uintptr_t) * static_cast<size_t>(count));
+  delete[] seen;
+  delete[] ordered;
+  return result;
 }
 
 long Ox_ObjList::Move(int from, int to) {

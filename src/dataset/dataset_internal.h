@@ -4,8 +4,8 @@
 
 #include "Ox_Dataset.h"
 
-// The key convention of the named item handlers (columns, datasets,
-// variables): an item's first member is its name string, which is one
+// The key convention of the named item handlers (columns and datasets):
+// an item's first member is its name string, which is one
 // pointer to characters, and a key is the address of a `const char *`.
 // Both are read as a pointer to characters and compared ignoring case, so
 // an item itself serves as the key of its own name.
@@ -119,9 +119,9 @@ void OxCellsPivotGetColumn(const Ox_Dataset &ds, int row, int col,
 // The range aggregates over visible rows [first, last) that the summary
 // rows of a grouping are computed from (GetCount, GetSum, GetMax, GetMin,
 // GetAvg, GetCnn), and the test whether a key is single over a range
-// (IsSingleGroupKey). They follow those members' rules for physical
-// datasets and views that are no pivot; the aggregate and group concerns
-// replace their bodies with calls to the members once these exist.
+// (IsSingleGroupKey). The aggregates call those members; the single-key
+// test follows its member's rules for physical datasets and views that are
+// no pivot until the group concern replaces its body with a call to it.
 int OxCellsRangeCount(const Ox_Dataset &ds, int first, int last);
 void OxCellsRangeSum(const Ox_Dataset &ds, int col, int first, int last,
                      Ox_Variant &out);
@@ -134,5 +134,72 @@ void OxCellsRangeCnn(const Ox_Dataset &ds, int col, int first, int last,
                      Ox_Variant &out);
 int OxCellsIsSingleGroupKey(const Ox_Dataset &ds, int first, int last,
                             int level, int col);
+
+// The stored row of the first detail row of summary row `ref` (its entry's
+// value read through filterIndex when the entry came from there, then
+// through recIndex); -1 when `ref` is no summary row.
+int OxCellsSummaryStart(const Ox_Dataset &ds, const OxRowRef &ref);
+
+// ===========================================================================
+// Aggregates and lookup: hand-overs to the pivot
+//
+// The aggregates of a pivot go to the pivot's own aggregates along one row
+// (GetPivotCol...) or along one column (GetPivotRow...). Until the pivot
+// concern exists each hook gives 0, which is what those members give on a
+// dataset that is no pivot. Arguments in their order: value column, row
+// (or column), all-kinds flag, first, last, filter flag.
+int OxAggPivotColCount(const Ox_Dataset &ds, int col, int row, int all,
+                       int first, int last, int filterFlag);
+double OxAggPivotColSum(const Ox_Dataset &ds, int col, int row, int all,
+                        int first, int last, int filterFlag);
+double OxAggPivotColMax(const Ox_Dataset &ds, int col, int row, int all,
+                        int first, int last, int filterFlag);
+double OxAggPivotColMin(const Ox_Dataset &ds, int col, int row, int all,
+                        int first, int last, int filterFlag);
+int OxAggPivotRowCount(const Ox_Dataset &ds, int col, int column, int all,
+                       int first, int last, int filterFlag);
+double OxAggPivotRowSum(const Ox_Dataset &ds, int col, int column, int all,
+                        int first, int last, int filterFlag);
+double OxAggPivotRowMax(const Ox_Dataset &ds, int col, int column, int all,
+                        int first, int last, int filterFlag);
+double OxAggPivotRowMin(const Ox_Dataset &ds, int col, int column, int all,
+                        int first, int last, int filterFlag);
+
+// Whether visible row `row` is a row of level above 0 (a summary row):
+// its entry in filterIndex or recIndex, or in linkIndex on a dataset
+// linked to a document.
+bool OxAggIsSummaryRow(const Ox_Dataset &ds, int row);
+
+// ===========================================================================
+// Filter: hand-overs to concerns that are built elsewhere
+//
+// A dataset linked to a document keeps a filter bit on each node of its
+// node list, and a group dataset finds its rows through the key tree of
+// the pivot concern. Until those concerns exist each hook changes nothing
+// and gives the value noted: the result on an empty node list, or on a
+// group dataset whose tree and records hold no row.
+
+// Sets (on non-zero) or clears the filter bit of node `node`; nothing.
+void OxFilterLinkSetNodeFilter(Ox_Dataset &ds, int node, int on);
+// Clears the filter bit of every node; nothing.
+void OxFilterLinkClearNodeFilters(Ox_Dataset &ds);
+// PivotIndex_FindByRec over the row tree (rowDepthList item 1) with
+// groupKeyList for `record` of the bound dataset: the row found; -1.
+int OxFilterGroupFindByRec(const Ox_Dataset &ds, const Ox_Record &record);
+// The first own record, deleted ones skipped, whose key cells agree with
+// `record` on every key of groupKeyList; -1.
+int OxFilterGroupFindLinear(const Ox_Dataset &ds, const Ox_Record &record);
+
+// ===========================================================================
+// Sort: hand-overs to concerns that are built elsewhere
+//
+// Until grouping and rows kept in an XML node list exist, each hook
+// changes nothing.
+
+// ParseGroup, then RecalcGroup: the regroup step of Sort; nothing yet.
+void OxSortRegroup(Ox_Dataset &ds);
+// Ox_PtrList::Exchange of nodes `a` and `b` of the node list of a dataset
+// linked to a document; nothing yet (the node list is empty).
+void OxSortLinkExchange(Ox_Dataset &ds, int a, int b);
 
 #endif

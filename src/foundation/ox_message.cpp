@@ -34,14 +34,24 @@ Ox_Message::Ox_Message(const Ox_Message &other)
 
 Ox_Message::~Ox_Message() {}
 
+namespace {
+
+// The time and place of a message: when, in which process and thread, and
+// at which line of which file it was made.
+void CopyPlace(Ox_Message &to, const Ox_Message &from) {
+  to.time = from.time;
+  to.millitm = from.millitm;
+  to.processId = from.processId;
+  to.threadId = from.threadId;
+  to.file = from.file;
+  to.line = from.line;
+}
+
+}  // namespace
+
 Ox_Message &Ox_Message::operator=(const Ox_Message &other) {
   if (this == &other) return *this;
-  time = other.time;
-  millitm = other.millitm;
-  processId = other.processId;
-  threadId = other.threadId;
-  file = other.file;
-  line = other.line;
+  CopyPlace(*this, other);
   code = other.code;
   args = other.args;
   return *this;
@@ -61,14 +71,7 @@ void Ox_Message::Clear() {
 void Ox_Message::Set(const Ox_Message &other) {
   if (this == &other) return;
   // A client keeps no time or place, to save memory.
-  if (IsServerMode()) {
-    time = other.time;
-    millitm = other.millitm;
-    processId = other.processId;
-    threadId = other.threadId;
-    file = other.file;
-    line = other.line;
-  }
+  if (IsServerMode()) CopyPlace(*this, other);
   code = other.code;
   args.Append(&other.args);
 }

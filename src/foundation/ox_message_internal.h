@@ -23,6 +23,10 @@ void OxAppendFilled(Ox_AString &out, const char *format,
 // Appends `arguments` escaped and joined by commas.
 void OxAppendJoinedArgs(Ox_AString &out, const Ox_AStrList &arguments);
 
+// Appends `,"<escaped argument>"` for each of `args` and the line feed: the
+// tail of every line of a result listing or log file.
+void OxAppendArgsLineTail(Ox_AString &out, const Ox_AStrList &args);
+
 // Appends printf output.
 void OxAppendFormat(Ox_AString &out, const char *format, ...)
     __attribute__((format(printf, 2, 3)));

@@ -25,6 +25,16 @@ void OxAppendEscaped(Ox_AString &out, const char *text) {
   if (*run) out += run;
 }
 
+void OxAppendArgsLineTail(Ox_AString &out, const Ox_AStrList &args) {
+  const int count = args.Count();
+  for (int i = 0; i < count; ++i) {
+    out += ",\"";
+    OxAppendEscaped(out, args.GetItemNN(i));
+    out += '"';
+  }
+  out += '\n';
+}
+
 void OxAppendFilled(Ox_AString &out, const char *format,
                     const Ox_AStrList &args, int start, const char *missing) {
   if (!format) return;

@@ -150,21 +150,9 @@ int Ox_NamedStrList::_AddItem(const Ox_NamedStr &item) {
   return Ox_ObjList::Add(const_cast<Ox_NamedStr *>(&item));
 }
 
-int Ox_NamedStrList::_IsUnique(int index) {
-  // The list keeps its unique flag to itself, so ask it: a unique list
-  // refuses a copy of an item it holds (the count stays), any other list
-  // takes it, and the copy is dropped again at once.
-  Ox_NamedStr probe(GetItemNN(index));
-  int before = Count();
-  int added = _AddItem(probe);
-  if (Count() == before) return 1;
-  if (added >= 0) Delete(added, 1);
-  return 0;
-}
-
 int Ox_NamedStrList::_Overwrite(int index, const Ox_NamedStr &item,
                                 int textOnly) {
-  if (!_IsUnique(index)) {
+  if (!IsUnique()) {
     // Replace in place.
     Ox_NamedStr *old = GetItem(index);
     if (!old) return -1;

@@ -8,18 +8,6 @@
 
 namespace {
 
-// Appends `,"<escaped argument>"` for each argument and the line feed, the
-// tail of every listing line.
-void AppendEscapedArgs(Ox_AString &out, const Ox_Message &message) {
-  const int count = message.args.Count();
-  for (int i = 0; i < count; ++i) {
-    out += ",\"";
-    OxAppendEscaped(out, message.args.GetItemNN(i));
-    out += '"';
-  }
-  out += '\n';
-}
-
 // "%Y-%m-%d %H:%M:%S" of the message's time; empty when the local time
 // can't be got.
 void LocalStamp(const Ox_Message &message, char *buffer, size_t size) {
@@ -37,7 +25,7 @@ Ox_AString Ox_Result::GetMessageStr() const {
     if (!message) continue;
     OxAppendFormat(out, "\"0x%x\",\"%d\"", static_cast<unsigned>(message->code),
                    message->args.Count());
-    AppendEscapedArgs(out, *message);
+    OxAppendArgsLineTail(out, message->args);
   }
   return out;
 }
@@ -68,7 +56,7 @@ Ox_AString Ox_Result::GetMessageStr(const char *host, unsigned a,
                    static_cast<unsigned>(message->code), message->processId,
                    message->threadId, stamp, message->millitm,
                    title.GetString(), message->line, message->args.Count());
-    AppendEscapedArgs(out, *message);
+    OxAppendArgsLineTail(out, message->args);
   }
   return out;
 }

@@ -24,13 +24,7 @@ void AppendLogLine(Ox_AString &out, const Ox_Message &message) {
   out += message.file;
   OxAppendFormat(out, "\",\"%d\",\"%d\"", message.line,
                  message.args.Count());
-  const int count = message.args.Count();
-  for (int i = 0; i < count; ++i) {
-    out += ",\"";
-    OxAppendEscaped(out, message.args.GetItemNN(i));
-    out += '"';
-  }
-  out += '\n';
+  OxAppendArgsLineTail(out, message.args);
 }
 
 }  // namespace

@@ -2,3 +2,4 @@
 list(APPEND OX_SOURCES
 )
 include(${CMAKE_CURRENT_LIST_DIR}/variables.cmake)
+include(${CMAKE_CURRENT_LIST_DIR}/binstream.cmake)

@@ -37,6 +37,43 @@ bool IsInflateFailure(int ret) {
   return ret == Z_NEED_DICT || ret == Z_DATA_ERROR || ret == Z_MEM_ERROR;
 }
 
+// What one inflate round did: inflate's result, the bytes it wrote and the
+// input position it stopped at.
+struct InflateRound {
+  int ret;
+  long got;
+  long next;
+};
+
+// One inflate over at most a chunk of `data` from `pos` (of `size`) into a
+// fresh window of `sink`; a gzip frame (head of 10) adds what came out to
+// `crc` and `total`. False on failure: the stream is ended, except after
+// Z_STREAM_ERROR, when zlib has not taken the stream.
+bool InflateChunk(z_stream *stream, OxChunkOutput &sink, int headSize,
+                  const unsigned char *data, long pos, long size,
+                  unsigned *crc, unsigned *total, InflateRound *round) {
+  unsigned char *window = OxZStreamWindow(stream, sink);
+  if (!window) {
+    inflateEnd(stream);
+    return false;
+  }
+  OxZStreamFeed(stream, data, pos, size);
+  round->ret = inflate(stream, Z_SYNC_FLUSH);
+  if (round->ret == Z_STREAM_ERROR) return false;
+  if (IsInflateFailure(round->ret)) {
+    inflateEnd(stream);
+    return false;
+  }
+  round->got = kOxZChunk - stream->avail_out;
+  sink.Commit(round->got);
+  if (headSize == 10) {
+    *crc = OxCompressCrc(*crc, window, round->got);
+    *total += static_cast<unsigned>(round->got);
+  }
+  round->next = stream->next_in - data;
+  return true;
+}
+
 }  // namespace
 
 Ox_Compress2::Ox_Compress2() : headSize(-1), crc(0), total(0) {
@@ -88,11 +125,7 @@ long Ox_Compress2::Decode(const Ox_Buffer &in, Ox_Buffer &out) {
   // 2. A fresh inflate stream for the frame's kind. Optional gzip fields
   //    are not skipped: they reach inflate as data.
   out.Release();
-  stream.next_in = Z_NULL;
-  stream.avail_in = 0;
-  stream.zalloc = Z_NULL;
-  stream.zfree = Z_NULL;
-  stream.opaque = Z_NULL;
+  OxZStreamClear(&stream);
   if (!OpenInflate(&stream, headSize, data, size)) return -1;
   // A zlib frame with the full 32 KB window that decodes cleanly gives the
   // same output whatever the size of the inflate calls (no distance can
@@ -108,11 +141,7 @@ long Ox_Compress2::Decode(const Ox_Buffer &in, Ox_Buffer &out) {
     inflateEnd(&stream);
     if (clean) return 0;
     out.Release();
-    stream.next_in = Z_NULL;
-    stream.avail_in = 0;
-    stream.zalloc = Z_NULL;
-    stream.zfree = Z_NULL;
-    stream.opaque = Z_NULL;
+    OxZStreamClear(&stream);
     if (!OpenInflate(&stream, headSize, data, size)) return -1;
   }
   // 3. One inflate per round over at most a chunk; input that inflate left
@@ -123,32 +152,14 @@ long Ox_Compress2::Decode(const Ox_Buffer &in, Ox_Buffer &out) {
   long pos = headSize;
   int ret = Z_OK;
   while (pos < size) {
-    const long n = size - pos < kOxZChunk ? size - pos : kOxZChunk;
-    unsigned char *window = sink.Window();
-    if (!window) {
-      inflateEnd(&stream);
+    InflateRound round;
+    if (!InflateChunk(&stream, sink, headSize, data, pos, size, &crcAll,
+                      &totalAll, &round))
       return -1;
-    }
-    stream.next_in = const_cast<Bytef *>(data + pos);
-    stream.avail_in = static_cast<uInt>(n);
-    stream.next_out = window;
-    stream.avail_out = kOxZChunk;
-    ret = inflate(&stream, Z_SYNC_FLUSH);
-    if (ret == Z_STREAM_ERROR) return -1;
-    if (IsInflateFailure(ret)) {
-      inflateEnd(&stream);
-      return -1;
-    }
-    const long got = kOxZChunk - stream.avail_out;
-    sink.Commit(got);
-    if (headSize == 10) {
-      crcAll = OxCompressCrc(crcAll, window, got);
-      totalAll += static_cast<unsigned>(got);
-    }
-    const long next = stream.next_in - data;
+    ret = round.ret;
     if (ret == Z_STREAM_END) break;
-    if (next == pos && got == 0) break;  // no progress: cannot end well
-    pos = next;
+    if (round.next == pos && round.got == 0) break;  // no progress: cannot end well
+    pos = round.next;
   }
   // 4. The stream's end, and a gzip trailer if the last chunk holds it.
   const unsigned char *rest = stream.next_in;
@@ -164,11 +175,7 @@ long Ox_Compress2::Decode(const Ox_Buffer &in, Ox_Buffer &out) {
 long Ox_Compress2::DecodeInit() {
   crc = 0;
   total = 0;
-  stream.next_in = Z_NULL;
-  stream.avail_in = 0;
-  stream.zalloc = Z_NULL;
-  stream.zfree = Z_NULL;
-  stream.opaque = Z_NULL;
+  OxZStreamClear(&stream);
   headSize = -1;
   return 1;
 }
@@ -208,33 +215,15 @@ long Ox_Compress2::DecodeData(const unsigned char *data, int len,
   int ret;
   for (;;) {
     if (pos >= len && !outputFull) return 1;  // more input wanted
-    const long n = len - pos < kOxZChunk ? len - pos : kOxZChunk;
-    unsigned char *window = sink.Window();
-    if (!window) {
-      inflateEnd(&stream);
+    InflateRound round;
+    if (!InflateChunk(&stream, sink, headSize, data, pos, len, &crc, &total,
+                      &round))
       return -1;
-    }
-    stream.next_in = const_cast<Bytef *>(data + pos);
-    stream.avail_in = static_cast<uInt>(n);
-    stream.next_out = window;
-    stream.avail_out = kOxZChunk;
-    ret = inflate(&stream, Z_SYNC_FLUSH);
-    if (ret == Z_STREAM_ERROR) return -1;
-    if (IsInflateFailure(ret)) {
-      inflateEnd(&stream);
-      return -1;
-    }
-    const long got = kOxZChunk - stream.avail_out;
-    sink.Commit(got);
-    if (headSize == 10) {
-      crc = OxCompressCrc(crc, window, got);
-      total += static_cast<unsigned>(got);
-    }
-    const long next = stream.next_in - data;
+    ret = round.ret;
     if (ret == Z_STREAM_END) break;
     outputFull = stream.avail_out == 0;
-    if (next == pos && got == 0 && pos < len) return -1;  // no progress
-    pos = next;
+    if (round.next == pos && round.got == 0 && pos < len) return -1;  // no progress
+    pos = round.next;
   }
   // 4. The stream's end: a gzip trailer in the last chunk must match what
   //    came out (on a mismatch the stream stays open).

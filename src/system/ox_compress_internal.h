@@ -112,6 +112,19 @@ class OxChunkOutput {
   long used_;
 };
 
+// Clears the fields that deflateInit_ and inflateInit_ read, so that zlib
+// uses its own allocator, and leaves the stream without input.
+void OxZStreamClear(z_stream *stream);
+
+// Offers `stream` the next chunk of data[pos, size), at most kOxZChunk
+// bytes; returns the chunk's length.
+long OxZStreamFeed(z_stream *stream, const unsigned char *data, long pos,
+                   long size);
+
+// Points the output of `stream` at a fresh window of `sink`; returns the
+// window, or null when the output has no more room.
+unsigned char *OxZStreamWindow(z_stream *stream, OxChunkOutput &sink);
+
 // Inflates data[pos, size) through the open `stream` in a few large
 // calls, appending to `out`. True when the stream ended cleanly, with
 // `*end` the offset behind it; false on an error, a cut or the output cap.

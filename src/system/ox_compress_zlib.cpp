@@ -50,6 +50,30 @@ bool OxGzipTrailerMatches(const unsigned char *trailer, unsigned crc,
   return OxReadLe32(trailer) == crc && OxReadLe32(trailer + 4) == total;
 }
 
+void OxZStreamClear(z_stream *stream) {
+  stream->next_in = Z_NULL;
+  stream->avail_in = 0;
+  stream->zalloc = Z_NULL;
+  stream->zfree = Z_NULL;
+  stream->opaque = Z_NULL;
+}
+
+long OxZStreamFeed(z_stream *stream, const unsigned char *data, long pos,
+                   long size) {
+  const long n = size - pos < kOxZChunk ? size - pos : kOxZChunk;
+  stream->next_in = const_cast<Bytef *>(data + pos);
+  stream->avail_in = static_cast<uInt>(n);
+  return n;
+}
+
+unsigned char *OxZStreamWindow(z_stream *stream, OxChunkOutput &sink) {
+  unsigned char *window = sink.Window();
+  if (!window) return nullptr;
+  stream->next_out = window;
+  stream->avail_out = kOxZChunk;
+  return window;
+}
+
 namespace {
 
 // Feeds all of `data` to an open deflate stream in chunks and appends what
@@ -62,32 +86,16 @@ long DeflateChunks(z_stream *stream, const unsigned char *data, long size,
   long pos = 0;
   int flush;
   do {
-    const long n = size - pos < kOxZChunk ? size - pos : kOxZChunk;
     flush = pos < size ? Z_NO_FLUSH : Z_FINISH;
-    stream->next_in = const_cast<Bytef *>(data + pos);
-    stream->avail_in = static_cast<uInt>(n);
-    pos += n;
+    pos += OxZStreamFeed(stream, data, pos, size);
     // Drain the output while zlib fills the whole chunk.
     do {
-      unsigned char *window = sink.Window();
-      if (!window) return -1;
-      stream->next_out = window;
-      stream->avail_out = kOxZChunk;
+      if (!OxZStreamWindow(stream, sink)) return -1;
       if (deflate(stream, flush) == Z_STREAM_ERROR) return -1;
       sink.Commit(kOxZChunk - stream->avail_out);
     } while (stream->avail_out == 0);
   } while (flush != Z_FINISH);
   return 0;
-}
-
-// Resets the fields that deflateInit_ and inflateInit_ read, so that zlib
-// uses its own allocator.
-void ClearStream(z_stream *stream) {
-  stream->next_in = Z_NULL;
-  stream->avail_in = 0;
-  stream->zalloc = Z_NULL;
-  stream->zfree = Z_NULL;
-  stream->opaque = Z_NULL;
 }
 
 // Inflates `data` from `pos` on, chunk by chunk, draining each chunk fully
@@ -101,16 +109,11 @@ long InflateChunks(z_stream *stream, const unsigned char *data, long size,
   unsigned total = 0;
   int ret = Z_OK;
   while (ret != Z_STREAM_END) {
-    const long n = size - pos < kOxZChunk ? size - pos : kOxZChunk;
-    if (n <= 0) break;  // the input is used up before the stream's end
-    stream->next_in = const_cast<Bytef *>(data + pos);
-    stream->avail_in = static_cast<uInt>(n);
-    pos += n;
+    if (pos >= size) break;  // the input is used up before the stream's end
+    pos += OxZStreamFeed(stream, data, pos, size);
     do {
-      unsigned char *window = sink.Window();
+      unsigned char *window = OxZStreamWindow(stream, sink);
       if (!window) return -1;
-      stream->next_out = window;
-      stream->avail_out = kOxZChunk;
       ret = inflate(stream, Z_NO_FLUSH);
       // The output of a failing call is not kept.
       if (ret == Z_STREAM_ERROR || ret == Z_NEED_DICT ||
@@ -145,10 +148,10 @@ bool OpenOnePiece(z_stream *stream, bool gzip) {
 // output whatever the size of the inflate calls (a distance can reach past
 // the window only when it reaches past all output so far, which does not
 // depend on the calls). It is therefore first inflated in a few large
-// calls; for gzip the trailer test is then
-// made exactly where the chunked run would make it. Anything else (an
-// error, a cut, the output cap) is decoded again chunk by chunk, which
-// fixes the result and the partial output.
+// calls, and for gzip the trailer is then tested exactly where the chunked
+// run would test it. Anything else (an error, a cut, the output cap) is
+// decoded again chunk by chunk, which fixes the result and the partial
+// output.
 long InflateOnePiece(const unsigned char *data, long size, long start,
                      Ox_Buffer &out, bool gzip) {
   out.Release();
@@ -183,9 +186,10 @@ long OxChunkRest(long start, long end, long size) {
 bool OxInflateWhole(z_stream *stream, const unsigned char *data, long size,
                     long pos, Ox_Buffer &out, long *end) {
   // Input goes in pieces of at most 1 GB (avail_in is 32 bits). Output
-  // room comes 256 KB at a time: large enough that zlib copies little into
-  // its window, small enough that the room, zeroed as the buffer grows,
-  // is still in the cache when inflate writes it.
+  // room grows with the output up to 256 KB a call: large enough that zlib
+  // copies little into its window, small enough that the room, zeroed as
+  // the buffer grows, is still in the cache when inflate writes it; and a
+  // small output never takes more than twice its size.
   constexpr long kMaxIn = 1L << 30;
   constexpr long kRoom = 256L << 10;
   long used = out.GetSize();
@@ -197,7 +201,7 @@ bool OxInflateWhole(z_stream *stream, const unsigned char *data, long size,
       stream->avail_in = static_cast<uInt>(n);
       pos += n;
     }
-    long room = kRoom;
+    long room = used < kOxZChunk ? kOxZChunk : (used < kRoom ? used : kRoom);
     if (room > OX_COMPRESS_MAX_OUTPUT - used) room = OX_COMPRESS_MAX_OUTPUT - used;
     unsigned char *p = room > 0 ? out.GetSafeBuffer(used + room) : nullptr;
     if (!p) break;
@@ -226,7 +230,7 @@ long OxZlibFrameEncode(z_stream *stream, const Ox_Buffer &in, Ox_Buffer &out,
   out.Release();
   static const unsigned char kMagic[2] = {0xFF, 0xAD};
   if (!OxCompressAppend(out, kMagic, 2)) return -1;
-  ClearStream(stream);
+  OxZStreamClear(stream);
   if (deflateInit_(stream, level, kOxZlibVersion,
                    static_cast<int>(sizeof(z_stream))) != Z_OK)
     return -1;
@@ -244,7 +248,7 @@ long OxGzipFrameEncode(z_stream *stream, const Ox_Buffer &in, Ox_Buffer &out,
   const long size = source.GetSize();
   // 1. A raw deflate stream (window 15, memory level 9) behind our head.
   out.Release();
-  ClearStream(stream);
+  OxZStreamClear(stream);
   if (deflateInit2_(stream, level, Z_DEFLATED, -MAX_WBITS, 9,
                     Z_DEFAULT_STRATEGY, kOxZlibVersion,
                     static_cast<int>(sizeof(z_stream))) != Z_OK)

@@ -271,6 +271,29 @@ void Ox_File::Close() {
 
 // ------------------------------------------------------------ data
 
+namespace {
+
+// Moves `len` bytes by `step(at)`, one system call each, again after
+// EINTR. A step that moves nothing ends the loop: the end of a file for a
+// read (a write of a positive count never moves nothing). Gives the count
+// moved, or -1 with errno left by the failing call.
+template <class Step>
+int TransferAll(int len, Step step) {
+  int done = 0;
+  while (done < len) {
+    const ssize_t n = step(done);
+    if (n < 0) {
+      if (errno == EINTR) continue;
+      return -1;
+    }
+    if (n == 0) break;
+    done += static_cast<int>(n);
+  }
+  return done;
+}
+
+}  // namespace
+
 int Ox_File::Write(const char *buffer, int len, int /*timeout*/) {
   if (!buffer || len < 0) {
     lastError = OX_FILE_ERR_PARAMETER;
@@ -282,16 +305,10 @@ int Ox_File::Write(const char *buffer, int len, int /*timeout*/) {
     return -1;
   }
   const int fd = OxFileFd(handle);
-  int done = 0;
-  while (done < len) {
-    const ssize_t n =
-        ::write(fd, buffer + done, static_cast<size_t>(len - done));
-    if (n < 0) {
-      if (errno == EINTR) continue;
-      return _file_error();
-    }
-    done += static_cast<int>(n);
-  }
+  const int done = TransferAll(len, [&](int at) {
+    return ::write(fd, buffer + at, static_cast<size_t>(len - at));
+  });
+  if (done < 0) return _file_error();
   // Each write reaches the disk before the call returns.
   if (fsync(fd) != 0 && errno != EINVAL && errno != EROFS) {
     return _file_error();
@@ -310,17 +327,10 @@ int Ox_File::Read(char *buffer, int &len, int /*timeout*/) {
     return -1;
   }
   const int fd = OxFileFd(handle);
-  int done = 0;
-  while (done < len) {
-    const ssize_t n =
-        ::read(fd, buffer + done, static_cast<size_t>(len - done));
-    if (n < 0) {
-      if (errno == EINTR) continue;
-      return _file_error();
-    }
-    if (n == 0) break;  // end of the file
-    done += static_cast<int>(n);
-  }
+  const int done = TransferAll(len, [&](int at) {
+    return ::read(fd, buffer + at, static_cast<size_t>(len - at));
+  });
+  if (done < 0) return _file_error();
   // The byte behind the data is set to NUL.
   buffer[done] = '\0';
   len = done;

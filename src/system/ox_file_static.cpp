@@ -17,6 +17,15 @@ namespace {
 // Deeper folder chains than this are refused rather than walked.
 const size_t kMaxMakeDirPath = 4096;
 
+// Opens an existing file for reading, shared for reading and writing;
+// -1 when it cannot be opened.
+int OpenExistingShared(const char *path) {
+  int error = 0;
+  return OxFileOpenShared(OxOsPath(path).c_str(), Ox_File::GENERIC_READ_ACCESS,
+                          Ox_File::SHARE_READ | Ox_File::SHARE_WRITE,
+                          Ox_File::OPEN_EXISTING_FILE, error);
+}
+
 void SetText(Ox_Buffer &out, const Ox_AString &text) {
   out.Set(reinterpret_cast<const unsigned char *>(text.GetString()),
           text.GetLength());
@@ -27,10 +36,7 @@ void SetText(Ox_Buffer &out, const Ox_AString &text) {
 int Ox_File::IsExist(const char *path) {
   if (!path || !*path) return 0;
   // Open for reading, shared for reading and writing, the file existing.
-  int error = 0;
-  const int fd = OxFileOpenShared(OxOsPath(path).c_str(), GENERIC_READ_ACCESS,
-                                  SHARE_READ | SHARE_WRITE,
-                                  OPEN_EXISTING_FILE, error);
+  const int fd = OpenExistingShared(path);
   if (fd < 0) return 0;
   close(fd);
   return 1;
@@ -43,10 +49,7 @@ int Ox_File::Delete(const char *path) {
 
 int Ox_File::GetFileSize(const char *path) {
   if (!path || !*path) return 0;
-  int error = 0;
-  const int fd = OxFileOpenShared(OxOsPath(path).c_str(), GENERIC_READ_ACCESS,
-                                  SHARE_READ | SHARE_WRITE,
-                                  OPEN_EXISTING_FILE, error);
+  const int fd = OpenExistingShared(path);
   if (fd < 0) return 0;
   struct stat info;
   const int size = fstat(fd, &info) == 0 ? static_cast<int>(info.st_size) : 0;

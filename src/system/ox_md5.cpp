@@ -1,38 +1,8 @@
-// Ox_MD5Digest: MD5 as RFC 1321 defines it, and the input and comparison
-// helpers that both digest classes share.
+// Ox_MD5Digest: MD5 as RFC 1321 defines it.
 #include <cstring>
 
 #include "Ox_Digest.h"
 #include "system/ox_digest_internal.h"
-
-// ---------------------------------------------------------------------------
-// Shared helpers
-
-void OxDigestBufferRange(const Ox_Buffer &data, int offset, int len,
-                         const unsigned char **begin, size_t *count) {
-  *begin = nullptr;
-  *count = 0;
-  const long size = data.GetSize();
-  if (offset < 0) offset = 0;
-  if (offset >= size) return;
-  const long rest = size - offset;
-  const long n = (len < 0 || len > rest) ? rest : len;
-  if (n <= 0) return;
-  *begin = data.GetData() + offset;
-  *count = static_cast<size_t>(n);
-}
-
-int OxDigestContains(const unsigned char *a, long aSize,
-                     const unsigned char *b, long bSize, int size) {
-  // Gives 0 at the first byte where a & b differs from a: every bit set in
-  // `a` must be set in `b`.
-  for (int i = 0; i < size; i++) {
-    const unsigned char x = i < aSize ? a[i] : 0;
-    const unsigned char y = i < bSize ? b[i] : 0;
-    if ((x & y) != x) return 0;
-  }
-  return 1;
-}
 
 // ---------------------------------------------------------------------------
 // The MD5 compression function, its 64 steps written out.
@@ -165,9 +135,6 @@ namespace {
 // The padding that ends every message: one bit, then zeros. Shared by all.
 const unsigned char kMd5Padding[64] = {0x80};
 
-const char kMd5HexFormat[] =
-    "%02x%02x%02x%02x%02x%02x%02x%02x%02x%02x%02x%02x%02x%02x%02x%02x";
-
 // Adds `len` bytes to a context: fills the open block, then compresses
 // whole blocks straight from the input, then keeps the rest.
 void Md5Update(Ox_MD5Context &ctx, const unsigned char *input, size_t len) {
@@ -205,18 +172,6 @@ void Md5Final(Ox_MD5Context &ctx, unsigned char digest[16]) {
   std::memset(&ctx, 0, sizeof ctx);
 }
 
-void Md5HexText(Ox_AString &out, const unsigned char d[16]) {
-  out.Format(kMd5HexFormat, d[0], d[1], d[2], d[3], d[4], d[5], d[6], d[7],
-             d[8], d[9], d[10], d[11], d[12], d[13], d[14], d[15]);
-}
-
-// `out` released, then holding the raw 16 bytes.
-void Md5PutBuffer(Ox_Buffer &out, const unsigned char digest[16]) {
-  out.Release();
-  unsigned char *p = out.GetSafeBuffer(Ox_MD5Digest::DIGEST_SIZE);
-  if (p) std::memcpy(p, digest, Ox_MD5Digest::DIGEST_SIZE);
-}
-
 }  // namespace
 
 // The context is zeroed, not started: Init gives the start values.
@@ -232,126 +187,12 @@ void Ox_MD5Digest::Init() {
   context.state[3] = 0x10325476;
 }
 
-void Ox_MD5Digest::Update(unsigned char value) { Md5Update(context, &value, 1); }
-
-void Ox_MD5Digest::Update(const unsigned char *data, int offset, int len) {
-  if (!data || len <= 0) return;
-  if (offset < 0) offset = 0;
-  Md5Update(context, data + offset, static_cast<size_t>(len));
-}
-
-void Ox_MD5Digest::Update(const Ox_Buffer &data, int offset, int len) {
-  const unsigned char *begin;
-  size_t count;
-  OxDigestBufferRange(data, offset, len, &begin, &count);
-  if (begin) Md5Update(context, begin, count);
-}
-
-void Ox_MD5Digest::Update(const Ox_AString &text) {
-  Md5Update(context, reinterpret_cast<const unsigned char *>(text.GetString()),
-            static_cast<size_t>(text.GetLength()));
+void Ox_MD5Digest::Feed(const unsigned char *data, size_t len) {
+  Md5Update(context, data, len);
 }
 
 void Ox_MD5Digest::Digest(unsigned char *const out) {
   unsigned char digest[DIGEST_SIZE];
   Md5Final(context, digest);
   if (out) std::memcpy(out, digest, DIGEST_SIZE);
-}
-
-void Ox_MD5Digest::Digest(Ox_Buffer &out) {
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest);
-  Md5PutBuffer(out, digest);
-}
-
-void Ox_MD5Digest::Digest(unsigned char *const out, unsigned char value) {
-  Ox_MD5Digest d;
-  d.Init();
-  d.Update(value);
-  d.Digest(out);
-}
-
-void Ox_MD5Digest::Digest(unsigned char *const out, const unsigned char *data,
-                          int offset, int len) {
-  Ox_MD5Digest d;
-  d.Init();
-  d.Update(data, offset, len);
-  d.Digest(out);
-}
-
-void Ox_MD5Digest::Digest(unsigned char *const out, const Ox_Buffer &data,
-                          int offset, int len) {
-  Ox_MD5Digest d;
-  d.Init();
-  d.Update(data, offset, len);
-  d.Digest(out);
-}
-
-void Ox_MD5Digest::Digest(Ox_Buffer &out, unsigned char value) {
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, value);
-  Md5PutBuffer(out, digest);
-}
-
-void Ox_MD5Digest::Digest(Ox_Buffer &out, const unsigned char *data,
-                          int offset, int len) {
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, data, offset, len);
-  Md5PutBuffer(out, digest);
-}
-
-void Ox_MD5Digest::Digest(Ox_Buffer &out, const Ox_Buffer &data, int offset,
-                          int len) {
-  // Computed first: `data` may be `out` itself.
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, data, offset, len);
-  Md5PutBuffer(out, digest);
-}
-
-void Ox_MD5Digest::Digest(Ox_Buffer &out, const Ox_AString &text) {
-  Ox_MD5Digest d;
-  d.Init();
-  d.Update(text);
-  unsigned char digest[DIGEST_SIZE];
-  d.Digest(digest);
-  Md5PutBuffer(out, digest);
-}
-
-void Ox_MD5Digest::Digest(Ox_AString &out, unsigned char value) {
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, value);
-  Md5HexText(out, digest);
-}
-
-void Ox_MD5Digest::Digest(Ox_AString &out, const unsigned char *data,
-                          int offset, int len) {
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, data, offset, len);
-  Md5HexText(out, digest);
-}
-
-void Ox_MD5Digest::Digest(Ox_AString &out, const Ox_Buffer &data, int offset,
-                          int len) {
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, data, offset, len);
-  Md5HexText(out, digest);
-}
-
-void Ox_MD5Digest::Digest(Ox_AString &out, const Ox_AString &text) {
-  Ox_MD5Digest d;
-  d.Init();
-  d.Update(text);
-  unsigned char digest[DIGEST_SIZE];
-  d.Digest(digest);
-  Md5HexText(out, digest);
-}
-
-int Ox_MD5Digest::IsEqual(const unsigned char *a, const unsigned char *b) {
-  return OxDigestContains(a, a ? DIGEST_SIZE : 0, b, b ? DIGEST_SIZE : 0,
-                          DIGEST_SIZE);
-}
-
-int Ox_MD5Digest::IsEqual(const Ox_Buffer &a, const Ox_Buffer &b) {
-  return OxDigestContains(a.GetData(), a.GetSize(), b.GetData(), b.GetSize(),
-                          DIGEST_SIZE);
 }

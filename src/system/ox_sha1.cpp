@@ -113,10 +113,6 @@ void OxSha1Blocks(uint32_t state[5], const unsigned char *data,
 
 namespace {
 
-const char kSha1HexFormat[] =
-    "%02x%02x%02x%02x%02x%02x%02x%02x%02x%02x"
-    "%02x%02x%02x%02x%02x%02x%02x%02x%02x%02x";
-
 // Adds `len` bytes: nothing for none; after the digest was made, only the
 // corrupted mark. Whole blocks go straight from the input.
 void Sha1Input(Ox_SHA1Context &ctx, const unsigned char *data, size_t len) {
@@ -188,19 +184,6 @@ bool Sha1Result(Ox_SHA1Context &ctx, unsigned char digest[20]) {
   return true;
 }
 
-void Sha1HexText(Ox_AString &out, const unsigned char d[20]) {
-  out.Format(kSha1HexFormat, d[0], d[1], d[2], d[3], d[4], d[5], d[6], d[7],
-             d[8], d[9], d[10], d[11], d[12], d[13], d[14], d[15], d[16],
-             d[17], d[18], d[19]);
-}
-
-// `out` released, then holding the raw 20 bytes.
-void Sha1PutBuffer(Ox_Buffer &out, const unsigned char digest[20]) {
-  out.Release();
-  unsigned char *p = out.GetSafeBuffer(Ox_SHA1Digest::DIGEST_SIZE);
-  if (p) std::memcpy(p, digest, Ox_SHA1Digest::DIGEST_SIZE);
-}
-
 }  // namespace
 
 // The context is zeroed, not started: Init gives the start values.
@@ -221,127 +204,12 @@ void Ox_SHA1Digest::Init() {
   context.corrupted = 0;
 }
 
-void Ox_SHA1Digest::Update(unsigned char value) { Sha1Input(context, &value, 1); }
-
-void Ox_SHA1Digest::Update(const unsigned char *data, int offset, int len) {
-  if (!data || len <= 0) return;
-  if (offset < 0) offset = 0;
-  Sha1Input(context, data + offset, static_cast<size_t>(len));
-}
-
-void Ox_SHA1Digest::Update(const Ox_Buffer &data, int offset, int len) {
-  const unsigned char *begin;
-  size_t count;
-  OxDigestBufferRange(data, offset, len, &begin, &count);
-  if (begin) Sha1Input(context, begin, count);
-}
-
-void Ox_SHA1Digest::Update(const Ox_AString &text) {
-  Sha1Input(context, reinterpret_cast<const unsigned char *>(text.GetString()),
-            static_cast<size_t>(text.GetLength()));
+void Ox_SHA1Digest::Feed(const unsigned char *data, size_t len) {
+  Sha1Input(context, data, len);
 }
 
 void Ox_SHA1Digest::Digest(unsigned char *const out) {
   unsigned char digest[DIGEST_SIZE];
   if (Sha1Result(context, digest) && out)
     std::memcpy(out, digest, DIGEST_SIZE);
-}
-
-void Ox_SHA1Digest::Digest(Ox_Buffer &out) {
-  // A corrupted object leaves the 20 bytes zero.
-  unsigned char digest[DIGEST_SIZE] = {0};
-  Digest(digest);
-  Sha1PutBuffer(out, digest);
-}
-
-void Ox_SHA1Digest::Digest(unsigned char *const out, unsigned char value) {
-  Ox_SHA1Digest d;
-  d.Init();
-  d.Update(value);
-  d.Digest(out);
-}
-
-void Ox_SHA1Digest::Digest(unsigned char *const out, const unsigned char *data,
-                           int offset, int len) {
-  Ox_SHA1Digest d;
-  d.Init();
-  d.Update(data, offset, len);
-  d.Digest(out);
-}
-
-void Ox_SHA1Digest::Digest(unsigned char *const out, const Ox_Buffer &data,
-                           int offset, int len) {
-  Ox_SHA1Digest d;
-  d.Init();
-  d.Update(data, offset, len);
-  d.Digest(out);
-}
-
-void Ox_SHA1Digest::Digest(Ox_Buffer &out, unsigned char value) {
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, value);
-  Sha1PutBuffer(out, digest);
-}
-
-void Ox_SHA1Digest::Digest(Ox_Buffer &out, const unsigned char *data,
-                           int offset, int len) {
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, data, offset, len);
-  Sha1PutBuffer(out, digest);
-}
-
-void Ox_SHA1Digest::Digest(Ox_Buffer &out, const Ox_Buffer &data, int offset,
-                           int len) {
-  // Computed first: `data` may be `out` itself.
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, data, offset, len);
-  Sha1PutBuffer(out, digest);
-}
-
-void Ox_SHA1Digest::Digest(Ox_Buffer &out, const Ox_AString &text) {
-  Ox_SHA1Digest d;
-  d.Init();
-  d.Update(text);
-  unsigned char digest[DIGEST_SIZE];
-  d.Digest(digest);
-  Sha1PutBuffer(out, digest);
-}
-
-void Ox_SHA1Digest::Digest(Ox_AString &out, unsigned char value) {
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, value);
-  Sha1HexText(out, digest);
-}
-
-void Ox_SHA1Digest::Digest(Ox_AString &out, const unsigned char *data,
-                           int offset, int len) {
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, data, offset, len);
-  Sha1HexText(out, digest);
-}
-
-void Ox_SHA1Digest::Digest(Ox_AString &out, const Ox_Buffer &data, int offset,
-                           int len) {
-  unsigned char digest[DIGEST_SIZE];
-  Digest(digest, data, offset, len);
-  Sha1HexText(out, digest);
-}
-
-void Ox_SHA1Digest::Digest(Ox_AString &out, const Ox_AString &text) {
-  Ox_SHA1Digest d;
-  d.Init();
-  d.Update(text);
-  unsigned char digest[DIGEST_SIZE];
-  d.Digest(digest);
-  Sha1HexText(out, digest);
-}
-
-int Ox_SHA1Digest::IsEqual(const unsigned char *a, const unsigned char *b) {
-  return OxDigestContains(a, a ? DIGEST_SIZE : 0, b, b ? DIGEST_SIZE : 0,
-                          DIGEST_SIZE);
-}
-
-int Ox_SHA1Digest::IsEqual(const Ox_Buffer &a, const Ox_Buffer &b) {
-  return OxDigestContains(a.GetData(), a.GetSize(), b.GetData(), b.GetSize(),
-                          DIGEST_SIZE);
 }

@@ -9,6 +9,7 @@
 #include <new>
 
 #include "Ox_Object.h"
+#include "values/ox_variant_chain.h"
 
 static_assert(sizeof(Ox_VariantList) <= sizeof(Ox_Variant::Value),
               "a variant list is held in place");
@@ -56,16 +57,37 @@ void Ox_Variant::FreeWithMemory(Ox_Variant *item) {
 // ---------------------------------------------------------------------------
 // Reference chains
 
-Ox_Variant *Ox_Variant::WriteTarget() {
-  Ox_Variant *at = this;
-  while (at->type == kReference && at->value.ref != nullptr) at = at->value.ref;
-  return at;
+const Ox_Variant *OxVariantChainEnd(const Ox_Variant *start) {
+  // Two walkers: the fast one takes two links for each of the slow one's.
+  // On a chain with an end the fast one gets there first; in a circle it
+  // comes round and meets the slow one, which ends the walk.
+  auto linked = [](const Ox_Variant *v) {
+    return v->type == Ox_Variant::kReference && v->value.ref != nullptr;
+  };
+  const Ox_Variant *slow = start;
+  const Ox_Variant *fast = start;
+  while (fast != nullptr) {
+    if (!linked(fast)) return fast;
+    fast = fast->value.ref;
+    if (!linked(fast)) return fast;
+    fast = fast->value.ref;
+    slow = slow->value.ref;
+    if (fast == slow) return nullptr;
+  }
+  return nullptr;
 }
 
+// A circle of references has no end: writes land on this variant itself,
+// which leaves the circle.
+Ox_Variant *Ox_Variant::WriteTarget() {
+  const Ox_Variant *end = OxVariantChainEnd(this);
+  return end != nullptr ? const_cast<Ox_Variant *>(end) : this;
+}
+
+// A circle of references reads as null.
 const Ox_Variant *Ox_Variant::ReadTarget() const {
-  const Ox_Variant *at = this;
-  while (at->type == kReference && at->value.ref != nullptr) at = at->value.ref;
-  return at;
+  const Ox_Variant *end = OxVariantChainEnd(this);
+  return end != nullptr ? end : &_OxNullVariant;
 }
 
 // Every setter builds the new value in a local variant first and then
@@ -296,11 +318,11 @@ void Ox_Variant::SetReference(const Ox_Variant *target) {
   // Clears this variant itself, without walking a chain.
   Clear();
   if (to == nullptr) return;
-  // A target whose chain leads back here would make a cycle: stay null.
-  for (const Ox_Variant *at = to; at != nullptr;
-       at = at->type == kReference ? at->value.ref : nullptr) {
-    if (at == this) return;
-  }
+  // A target whose chain leads back here would make a cycle, and one that
+  // runs in a circle of its own has no end to refer to: stay null. (This
+  // variant is null by now, so a chain through it ends at it.)
+  const Ox_Variant *end = OxVariantChainEnd(to);
+  if (end == nullptr || end == this) return;
   type = kReference;
   value.ref = const_cast<Ox_Variant *>(to);
 }

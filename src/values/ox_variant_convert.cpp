@@ -7,6 +7,7 @@
 #include "Ox_BaseFunc.h"
 #include "Ox_Object.h"
 #include "Ox_Variant.h"
+#include "values/ox_variant_chain.h"
 
 namespace {
 
@@ -185,8 +186,15 @@ Ox_AString &VariantText(const Ox_Variant &v, Ox_AString &out, bool exp) {
       ObjectToString(*v.GetConstObject(), out);
       break;
     case Ox_Variant::kReference:
-      // With no target the output is left as it is.
-      if (v.value.ref != nullptr) v.value.ref->ToString(out);
+      // With no target the output is left as it is. The end of the chain
+      // writes the text; a circle of references has none and reads as null.
+      if (v.value.ref != nullptr) {
+        const Ox_Variant *end = OxVariantChainEnd(&v);
+        if (end != nullptr)
+          end->ToString(out);
+        else
+          out.Empty();
+      }
       break;
     default:
       // Null and the numbers that carry no value.
@@ -463,8 +471,13 @@ int Ox_Variant::operator==(const Ox_Variant &other) const {
     case kObject:
       return GetConstObject()->Compare(other.GetConstObject()) == 0;
     case kReference:
-      // Two references are followed when both have targets.
+      // Two references are followed when both have targets. A circle of
+      // references has no value and equals nothing (checked first, so the
+      // step-by-step comparison below always reaches an end).
       if (value.ref == nullptr || other.value.ref == nullptr) return 0;
+      if (OxVariantChainEnd(this) == nullptr ||
+          OxVariantChainEnd(&other) == nullptr)
+        return 0;
       return *value.ref == *other.value.ref;
     default:
       return 0;  // an array is never equal, not even to itself

@@ -13,6 +13,7 @@
 
 #include "Ox_Object.h"
 #include "Ox_VariantOps.h"
+#include "values/ox_variant_chain.h"
 
 namespace {
 
@@ -555,78 +556,127 @@ int Ox_Variant::Compare(const Ox_Variant &other) const {
 
 namespace {
 
-// The target that a reference hands an addition on to; null without one,
-// and for a variant that refers to itself, which would never end.
+// The variant a reference hands an addition on to: the end of its chain,
+// when that is a value. Null for a reference without a target (also at the
+// end of a chain) and for a circle of references, which has no end.
 Ox_Variant *ForwardTarget(Ox_Variant &v) {
-  Ox_Variant *target = v.GetReference();
-  return target != &v ? target : nullptr;
+  Ox_Variant *end = const_cast<Ox_Variant *>(OxVariantChainEnd(&v));
+  return end != nullptr && end->type != Ox_Variant::kReference ? end : nullptr;
+}
+
+// What an addend gives each type it is added to: a whole number for an
+// integer (added with wrap-around), a number for a decimal and the days by
+// which a date moves, an amount for a currency, and the text a string
+// appends.
+struct LongAddend {
+  long x;
+  long Integer() const { return x; }
+  double Number() const { return double(x); }
+  Ox_Currency Amount() const { return Ox_Currency(x, 0L); }
+  void AppendTo(Ox_AString &text) const {
+    Ox_AString digits;
+    digits.Format("%ld", x);
+    text += digits;
+  }
+};
+
+struct DoubleAddend {
+  double x;
+  long Integer() const { return TruncToInteger(x); }
+  double Number() const { return x; }
+  Ox_Currency Amount() const { return Ox_Currency(x); }
+  void AppendTo(Ox_AString &text) const { text += x; }
+};
+
+struct TextAddend {
+  const Ox_AString &x;
+  long Integer() const { return x.ToInteger(); }
+  double Number() const { return x.ToDouble(); }
+  Ox_Currency Amount() const {
+    Ox_Currency amount;  // zero first: the parser leaves it for no text
+    amount.SetCurrency(x.GetString());
+    return amount;
+  }
+  void AppendTo(Ox_AString &text) const {
+    const Ox_AString tail(x);  // the text may be this string itself
+    text += tail;
+  }
+};
+
+struct CurrencyAddend {
+  const Ox_Currency &x;
+  long Integer() const { return x.ToInteger(); }
+  double Number() const { return x.ToDouble(); }
+  Ox_Currency Amount() const { return x; }
+  void AppendTo(Ox_AString &text) const { text += x.ToString(); }
+};
+
+struct DateAddend {
+  const Ox_DateTime &x;
+  long Integer() const { return x.ToInteger(); }
+  double Number() const { return x.ToDouble(); }
+  Ox_Currency Amount() const { return Ox_Currency(x.ToDouble()); }
+  void AppendTo(Ox_AString &text) const { text += x.ToString(nullptr); }
+};
+
+struct VariantAddend {
+  const Ox_Variant &x;  // may be the variant added to
+  long Integer() const { return x.ToInteger(); }
+  double Number() const { return x.ToDouble(); }
+  Ox_Currency Amount() const { return x.ToCurrency(); }
+  void AppendTo(Ox_AString &text) const { text += x.ToString(); }
+};
+
+// Adds to a number, a date or a string; other types are left alone.
+template <class Addend>
+void AddScalar(Ox_Variant &v, const Addend &addend) {
+  switch (v.type) {
+    case Ox_Variant::kInteger:
+      v.value.lVal = int32_t(WrapAdd(v.value.lVal, addend.Integer()));
+      break;
+    case Ox_Variant::kDecimal: v.value.dVal += addend.Number(); break;
+    case Ox_Variant::kCurrency: *v.GetCurrency() += addend.Amount(); break;
+    case Ox_Variant::kDate:
+      *v.GetDateTime() += Ox_DateTimeSpan(addend.Number());
+      break;
+    case Ox_Variant::kString: addend.AppendTo(*v.GetStr()); break;
+    default: break;
+  }
+}
+
+// The whole addition of a plain value: a reference acts on the end of its
+// chain, null becomes the value, the rest is AddScalar.
+template <class Addend, class Arg>
+void AddValue(Ox_Variant &self, const Arg &arg) {
+  Ox_Variant *v = &self;
+  if (v->type == Ox_Variant::kReference) {
+    v = ForwardTarget(self);
+    if (v == nullptr) return;
+  }
+  if (v->type == Ox_Variant::kNull)
+    v->Set(arg);
+  else
+    AddScalar(*v, Addend{arg});
 }
 
 }  // namespace
 
 Ox_Variant &Ox_Variant::operator+=(long number) {
-  switch (type) {
-    case kNull: Set(number); break;
-    case kInteger: value.lVal = int32_t(WrapAdd(value.lVal, number)); break;
-    case kDecimal: value.dVal += double(number); break;
-    case kCurrency: *GetCurrency() += Ox_Currency(number, 0L); break;
-    case kDate: *GetDateTime() += Ox_DateTimeSpan(double(number)); break;
-    case kString: {
-      Ox_AString digits;
-      digits.Format("%ld", number);
-      *GetStr() += digits;
-      break;
-    }
-    case kReference:
-      if (Ox_Variant *target = ForwardTarget(*this)) *target += number;
-      break;
-    default: break;
-  }
+  AddValue<LongAddend>(*this, number);
   return *this;
 }
 
+Ox_Variant &Ox_Variant::operator+=(int number) {
+  return *this += static_cast<long>(number);
+}
+
 Ox_Variant &Ox_Variant::operator+=(double number) {
-  switch (type) {
-    case kNull: Set(number); break;
-    case kInteger:
-      value.lVal = int32_t(WrapAdd(value.lVal, TruncToInteger(number)));
-      break;
-    case kDecimal: value.dVal += number; break;
-    case kCurrency: *GetCurrency() += Ox_Currency(number); break;
-    case kDate: *GetDateTime() += Ox_DateTimeSpan(number); break;
-    case kString: *GetStr() += number; break;
-    case kReference:
-      if (Ox_Variant *target = ForwardTarget(*this)) *target += number;
-      break;
-    default: break;
-  }
+  AddValue<DoubleAddend>(*this, number);
   return *this;
 }
 
 Ox_Variant &Ox_Variant::operator+=(const Ox_AString &text) {
-  switch (type) {
-    case kNull: Set(text); break;
-    case kInteger:
-      value.lVal = int32_t(WrapAdd(value.lVal, text.ToInteger()));
-      break;
-    case kDecimal: value.dVal += text.ToDouble(); break;
-    case kCurrency: {
-      Ox_Currency amount;  // zero first: the parser leaves it for no text
-      amount.SetCurrency(text.GetString());
-      *GetCurrency() += amount;
-      break;
-    }
-    case kDate: *GetDateTime() += Ox_DateTimeSpan(text.ToDouble()); break;
-    case kString: {
-      const Ox_AString tail(text);  // the text may be this string itself
-      *GetStr() += tail;
-      break;
-    }
-    case kReference:
-      if (Ox_Variant *target = ForwardTarget(*this)) *target += text;
-      break;
-    default: break;
-  }
+  AddValue<TextAddend>(*this, text);
   return *this;
 }
 
@@ -640,51 +690,18 @@ Ox_Variant &Ox_Variant::operator+=(const char *text) {
 }
 
 Ox_Variant &Ox_Variant::operator+=(const Ox_Currency &number) {
-  switch (type) {
-    case kNull: Set(number); break;
-    case kInteger:
-      value.lVal = int32_t(WrapAdd(value.lVal, number.ToInteger()));
-      break;
-    case kDecimal: value.dVal += number.ToDouble(); break;
-    case kCurrency: *GetCurrency() += number; break;
-    case kDate: *GetDateTime() += Ox_DateTimeSpan(number.ToDouble()); break;
-    case kString: *GetStr() += number.ToString(); break;
-    case kReference:
-      if (Ox_Variant *target = ForwardTarget(*this)) *target += number;
-      break;
-    default: break;
-  }
+  AddValue<CurrencyAddend>(*this, number);
   return *this;
 }
 
 Ox_Variant &Ox_Variant::operator+=(const Ox_DateTime &date) {
-  switch (type) {
-    case kNull: Set(date); break;
-    case kInteger:
-      value.lVal = int32_t(WrapAdd(value.lVal, date.ToInteger()));
-      break;
-    case kDecimal: value.dVal += date.ToDouble(); break;
-    case kCurrency: *GetCurrency() += Ox_Currency(date.ToDouble()); break;
-    case kDate: *GetDateTime() += Ox_DateTimeSpan(date.ToDouble()); break;
-    case kString: *GetStr() += date.ToString(nullptr); break;
-    case kReference:
-      if (Ox_Variant *target = ForwardTarget(*this)) *target += date;
-      break;
-    default: break;
-  }
+  AddValue<DateAddend>(*this, date);
   return *this;
 }
 
 Ox_Variant &Ox_Variant::operator+=(const Ox_Variant &other) {
   switch (type) {
     case kNull: Set(other); break;
-    case kInteger:
-      value.lVal = int32_t(WrapAdd(value.lVal, other.ToInteger()));
-      break;
-    case kDecimal: value.dVal += other.ToDouble(); break;
-    case kCurrency: *GetCurrency() += other.ToCurrency(); break;
-    case kDate: *GetDateTime() += Ox_DateTimeSpan(other.ToDouble()); break;
-    case kString: *GetStr() += other.ToString(); break;
     case kBlob: {
       // The bytes of a blob or of a string; a copy first, as the argument
       // may be this variant.
@@ -708,7 +725,8 @@ Ox_Variant &Ox_Variant::operator+=(const Ox_Variant &other) {
         GetArray()->Add(other);
       }
       break;
-    default: break;  // a reference is left alone here, and so is the rest
+    case kReference: break;  // a reference is left alone here
+    default: AddScalar(*this, VariantAddend{other}); break;
   }
   return *this;
 }

@@ -172,6 +172,50 @@ TEST_F(ObjListTest, DeleteExchangeMove) {
   ExpectBalanced();
 }
 
+TEST_F(ObjListTest, ReorderMovesEntriesWithTheirLinkBits) {
+  Named outside = MakeNamed("outside", 99);
+  {
+    ObjListProbe list;
+    for (int i = 0; i < 5; ++i) {
+      Named n = MakeNamed("n", i);
+      list.Add(&n);
+    }
+    list.AddLink(&outside);  // 0 1 2 3 4 L
+    // Positions 1..5 take the entries that stood at 1 + origin[s]:
+    // 1 + 4 = 5 (the link), then 3, 1, 4, 2.
+    const int origin[] = {4, 2, 0, 3, 1};
+    EXPECT_EQ(list.Reorder(1, origin, 5), 0);  // 0 L 3 1 4 2
+    EXPECT_EQ(list.At(0)->value, 0);
+    EXPECT_EQ(list.GetItem(1), &outside);
+    EXPECT_EQ(list.IsLink(1), 1);
+    EXPECT_EQ(list.At(2)->value, 3);
+    EXPECT_EQ(list.At(3)->value, 1);
+    EXPECT_EQ(list.At(4)->value, 4);
+    EXPECT_EQ(list.At(5)->value, 2);
+    EXPECT_EQ(list.IsLink(5), 0);
+    // Not a permutation, or outside the list: nothing moves.
+    const int twice[] = {0, 0};
+    EXPECT_EQ(list.Reorder(0, twice, 2), -1);
+    const int beyond[] = {0, 2};
+    EXPECT_EQ(list.Reorder(0, beyond, 2), -1);
+    const int two[] = {1, 0};
+    EXPECT_EQ(list.Reorder(5, two, 2), -1);
+    EXPECT_EQ(list.Reorder(-1, two, 2), -1);
+    EXPECT_EQ(list.Reorder(0, nullptr, 2), -1);
+    EXPECT_EQ(list.Reorder(0, nullptr, 0), 0);
+    EXPECT_EQ(list.At(0)->value, 0);
+    EXPECT_EQ(list.GetItem(1), &outside);
+    EXPECT_EQ(list.At(2)->value, 3);
+    EXPECT_EQ(list.At(5)->value, 2);
+    EXPECT_EQ(list.Reorder(4, two, 2), 0);  // 0 L 3 1 2 4
+    EXPECT_EQ(list.At(4)->value, 2);
+    EXPECT_EQ(list.At(5)->value, 4);
+  }
+  // The five owned items are freed once each, the link never.
+  ExpectBalanced();
+  EXPECT_EQ(outside.value, 99);
+}
+
 TEST_F(ObjListTest, GetSafeItemAtTheCount) {
   ObjListProbe list;
   list.Add(nullptr);

@@ -4,4 +4,5 @@ ox_add_test_suite(dataset_rows SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/rows_test.cpp
   ${CMAKE_CURRENT_LIST_DIR}/transitions_test.cpp
   ${CMAKE_CURRENT_LIST_DIR}/rows_alloc_test.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/../support/alloc_counter.cpp
 )

@@ -4,19 +4,11 @@
 #include <string>
 
 #include "Ox_NamedStr.h"
+#include "namedstr_test_util.h"
 
 namespace {
 
-std::string Dump(const Ox_NamedStrList &list) {
-  std::string out;
-  for (int i = 0; i < list.Count(); ++i) {
-    out += list.Id(i).GetString();
-    out += '=';
-    out += list.Str(i).GetString();
-    out += ';';
-  }
-  return out;
-}
+using oxtest::Dump;
 
 TEST(ParseStr, ThreeItemsTwoCounted) {
   // a="1" finishes in state 0; b, "=", 2 go through states 1 and 2; c is

@@ -4,20 +4,11 @@
 #include <cstring>
 
 #include "Ox_NamedStr.h"
+#include "namedstr_test_util.h"
 
 namespace {
 
-// A list of the pairs as one text "id=str;id=str;", for compact checks.
-std::string Dump(const Ox_NamedStrList &list) {
-  std::string out;
-  for (int i = 0; i < list.Count(); ++i) {
-    out += list.Id(i).GetString();
-    out += '=';
-    out += list.Str(i).GetString();
-    out += ';';
-  }
-  return out;
-}
+using oxtest::Dump;
 
 // ---------------------------------------------------------------------------
 // Ox_NamedStr

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Ox_Config.h"
+#include "config_test_util.h"
 
 namespace {
 
@@ -41,22 +42,7 @@ Bytes FromBuffer(const Ox_Buffer &buffer) {
   return data ? Bytes(data, data + buffer.GetSize()) : Bytes();
 }
 
-std::string Dump(const Ox_ConfigSectionList &list) {
-  std::string out;
-  for (int i = 0; i < list.Count(); ++i) {
-    const Ox_ConfigSection &section = list.GetItemNN(i);
-    out += "[";
-    out += section.id.GetString();
-    out += "]";
-    for (int j = 0; j < section.Count(); ++j) {
-      out += section.Id(j).GetString();
-      out += "=";
-      out += section.Str(j).GetString();
-      out += ";";
-    }
-  }
-  return out;
-}
+using oxtest::Dump;
 
 // The form of [s] k=v a= followed by [tt] x=1=2, written out by hand.
 Bytes Golden() {

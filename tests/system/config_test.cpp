@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "Ox_Config.h"
+#include "config_test_util.h"
 
 namespace {
 
@@ -57,23 +58,7 @@ class ConfigFileTest : public ::testing::Test {
   std::vector<std::string> files_;
 };
 
-// The sections as "[name]key=value;key=value;" for compact checks.
-std::string Dump(const Ox_ConfigSectionList &list) {
-  std::string out;
-  for (int i = 0; i < list.Count(); ++i) {
-    const Ox_ConfigSection &section = list.GetItemNN(i);
-    out += "[";
-    out += section.id.GetString();
-    out += "]";
-    for (int j = 0; j < section.Count(); ++j) {
-      out += section.Id(j).GetString();
-      out += "=";
-      out += section.Str(j).GetString();
-      out += ";";
-    }
-  }
-  return out;
-}
+using oxtest::Dump;
 
 // ---------------------------------------------------------------------------
 // Reading files

@@ -1,44 +1,15 @@
 // Setting a number, a currency or a date allocates nothing: every heap
-// call of this test binary passes through the counting malloc below (the
-// C++ operator new of the runtime calls malloc as well).
+// call of this test binary passes through the counting malloc, calloc and
+// realloc of support/alloc_counter.cpp (the C++ operator new of the
+// runtime calls malloc as well).
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <cstddef>
-
 #include "Ox_Variant.h"
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define OX_TEST_NO_MALLOC_HOOK 1
-#endif
-#endif
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define OX_TEST_NO_MALLOC_HOOK 1
-#endif
-
-#if !defined(OX_TEST_NO_MALLOC_HOOK) && defined(__GLIBC__)
-#define OX_TEST_COUNTS_MALLOC 1
-namespace {
-std::atomic<long> g_mallocCalls{0};
-}
-extern "C" void *__libc_malloc(size_t size);
-extern "C" void *__libc_calloc(size_t count, size_t size);
-extern "C" void *malloc(size_t size) {
-  g_mallocCalls.fetch_add(1, std::memory_order_relaxed);
-  return __libc_malloc(size);
-}
-extern "C" void *calloc(size_t count, size_t size) {
-  g_mallocCalls.fetch_add(1, std::memory_order_relaxed);
-  return __libc_calloc(count, size);
-}
-#endif
+#include "support/alloc_counter.h"
 
 namespace {
 
 #ifdef OX_TEST_COUNTS_MALLOC
-long HeapCalls() { return g_mallocCalls.load(); }
-
 TEST(VariantAllocation, CounterSeesHeapCalls) {
   // The hook works: a text does take a block.
   const long before = HeapCalls();

@@ -1,0 +1,2 @@
+# list(APPEND OX_FUZZ_TARGETS name ...)
+list(APPEND OX_FUZZ_TARGETS filter_expr)
