@@ -41,9 +41,19 @@ enum {
   OX_COLTYPE_CHAR = 12      // strings
 };
 
+// Row types: the low byte of a record's status word.
+enum {
+  OX_ROW_NORMAL = 1,   // unchanged, or committed
+  OX_ROW_INSERT = 2,   // added since the last commit
+  OX_ROW_UPDATE = 4,   // changed; its original stands in orgBuff
+  OX_ROW_DELETE = 8,   // deleted; found only in orgBuff
+  OX_ROW_SUMMARY = 16  // summary row of a group
+};
+
 // Summary kinds: the high nibble of a column's summary word (summ & 0xF0),
 // and the values of groupSumm.
 enum {
+  OX_SUMM_KIND_MASK = 0xF0,  // the kind's nibble of a summary word
   OX_SUMM_NONE = 0,       // the default rule
   OX_SUMM_DEFAULT = 16,   // summText on a lower level's group key
   OX_SUMM_COUNT = 32,     // number of detail rows

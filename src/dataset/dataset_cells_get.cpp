@@ -172,7 +172,7 @@ void SummaryValue(const Ox_Dataset &ds, const CellPlace &place, int col,
   // The summary kind of the column decides. A group dataset sums the
   // count columns, since its stored rows already hold counts.
   Ox_Variant made;
-  switch (info->summ & 0xF0) {
+  switch (info->summ & OX_SUMM_KIND_MASK) {
     case OX_SUMM_COUNT:
       if (ds.IsGroup()) {
         OxCellsRangeSum(ds, col, place.from, place.to, made);
@@ -214,7 +214,7 @@ void SummaryValue(const Ox_Dataset &ds, const CellPlace &place, int col,
   if (g != 0) {
     // A key of a finer level: the label of the kind "default", or the
     // one value that the key has over the range, if it has one.
-    if ((info->summ & 0xF0) == OX_SUMM_DEFAULT) {
+    if ((info->summ & OX_SUMM_KIND_MASK) == OX_SUMM_DEFAULT) {
       out = info->summText;
     } else if (place.count == 1 ||
                OxCellsIsSingleGroupKey(ds, place.from, place.to, g, col)) {

@@ -13,16 +13,6 @@ int EndPosition(long size) {
   return size > INT_MAX ? -1 : static_cast<int>(size);
 }
 
-// Row types of the row store.
-const int kRowNormal = 1;
-const int kRowInsert = 2;
-const int kRowUpdate = 4;
-const int kRowDelete = 8;
-
-// The summary kind whose column carries a summary text in the stream.
-const int kSummKindMask = 0xF0;
-const int kSummKindText = 0x90;
-
 }  // namespace
 
 // ===========================================================================
@@ -51,7 +41,7 @@ int Ox_ColList::Save(Ox_Buffer &buffer, unsigned int codePage,
     at = OxBinPut16(at, static_cast<unsigned short>(column->size));
     if (!withFlags) continue;
     OxBinPut16(at, static_cast<unsigned short>(column->summ));
-    if ((column->summ & kSummKindMask) == kSummKindText &&
+    if ((column->summ & OX_SUMM_KIND_MASK) == OX_SUMM_TEXT &&
         OxBinWriteText(buffer, column->summText, codePage) < 0)
       return -1;
   }
@@ -96,7 +86,7 @@ int Ox_ColList::Load(const Ox_Buffer &buffer, int position,
     if (withFlags) {
       column.summ = static_cast<short>(OxBinGet16(data + position));
       position += 2;
-      if ((column.summ & kSummKindMask) == kSummKindText) {
+      if ((column.summ & OX_SUMM_KIND_MASK) == OX_SUMM_TEXT) {
         if (!OxBinFits(size, position, 2)) return EndPosition(size);
         const int textLength = static_cast<int>(OxBinGet16(data + position));
         position += 2;
@@ -197,7 +187,7 @@ int Ox_Dataset::SaveHead(Ox_Buffer &buffer, unsigned int cp, int version) {
 static int CountSavedRows(const Ox_RecList &recs) {
   int count = recs.Count();
   for (int i = 0; i < count; ++i) {
-    if (recs.GetItem(i)->GetType() == kRowDelete) --count;
+    if (recs.GetItem(i)->GetType() == OX_ROW_DELETE) --count;
   }
   return count;
 }
@@ -216,16 +206,16 @@ int Ox_Dataset::SaveData(Ox_Buffer &buffer, int saveType, unsigned int cp,
     const Ox_Record *row = recs.GetItem(i);
     const int type = row->GetType();
     if (saveType == 0) {
-      if (row->Save(buffer, kRowNormal, cp) < 0) return -1;
+      if (row->Save(buffer, OX_ROW_NORMAL, cp) < 0) return -1;
       continue;
     }
-    if (type == kRowDelete) continue;
-    if (saveType == 2 && type != kRowInsert && type != kRowUpdate) continue;
+    if (type == OX_ROW_DELETE) continue;
+    if (saveType == 2 && type != OX_ROW_INSERT && type != OX_ROW_UPDATE) continue;
     if (row->Save(buffer, type, cp) < 0) return -1;
     // An updated row is followed by its original.
-    if (type == kRowUpdate && row->orgRef >= 0) {
+    if (type == OX_ROW_UPDATE && row->orgRef >= 0) {
       const Ox_Record *original = orgBuff.GetItem(row->orgRef);
-      if (original != nullptr && original->Save(buffer, kRowUpdate, cp) < 0)
+      if (original != nullptr && original->Save(buffer, OX_ROW_UPDATE, cp) < 0)
         return -1;
     }
   }
@@ -242,8 +232,8 @@ int Ox_Dataset::SaveDeleteData(Ox_Buffer &buffer, unsigned int cp,
     if (OxBinWrite32(buffer, static_cast<uint32_t>(kept)) < 0) return -1;
     for (int i = 0; i < orgBuff.Count(); ++i) {
       const Ox_Record *row = orgBuff.GetItem(i);
-      if (row->GetType() == kRowDelete &&
-          row->Save(buffer, kRowDelete, cp) < 0)
+      if (row->GetType() == OX_ROW_DELETE &&
+          row->Save(buffer, OX_ROW_DELETE, cp) < 0)
         return -1;
     }
     return EndPosition(buffer.GetSize());
@@ -252,13 +242,13 @@ int Ox_Dataset::SaveDeleteData(Ox_Buffer &buffer, unsigned int cp,
   if (updateFlag != 0) return position;
   int marked = 0;
   for (int i = 0; i < recs.Count(); ++i) {
-    if (recs.GetItem(i)->GetType() == kRowDelete) ++marked;
+    if (recs.GetItem(i)->GetType() == OX_ROW_DELETE) ++marked;
   }
   if (marked == 0) return position;
   if (OxBinWrite32(buffer, static_cast<uint32_t>(marked)) < 0) return -1;
   for (int i = 0; i < recs.Count(); ++i) {
     const Ox_Record *row = recs.GetItem(i);
-    if (row->GetType() == kRowDelete && row->Save(buffer, kRowDelete, cp) < 0)
+    if (row->GetType() == OX_ROW_DELETE && row->Save(buffer, OX_ROW_DELETE, cp) < 0)
       return -1;
   }
   return EndPosition(buffer.GetSize());
@@ -302,7 +292,7 @@ int Ox_Dataset::SaveNext(Ox_Buffer &buffer, unsigned int cp, int firstRow,
     return -1;
   cp = OxBinRowCodePage(cp);
   for (int i = firstRow; i < total; ++i) {
-    if (recs.GetItem(i)->Save(buffer, kRowNormal, cp) < 0) return -1;
+    if (recs.GetItem(i)->Save(buffer, OX_ROW_NORMAL, cp) < 0) return -1;
   }
   return EndPosition(buffer.GetSize());
 }
@@ -363,11 +353,11 @@ int Ox_Dataset::LoadData(const Ox_Buffer &buffer, int position, int &count) {
       return position;
     }
     const int type = row->GetType();
-    if (type == kRowDelete) {
+    if (type == OX_ROW_DELETE) {
       // A deleted row lives in orgBuff only; the link keeps it alive.
       orgBuff.AddLink(row);
       recs.Delete(at);
-    } else if (type == kRowUpdate && row->orgRef >= 0) {
+    } else if (type == OX_ROW_UPDATE && row->orgRef >= 0) {
       // The original follows; the two point at each other.
       const int kept = orgBuff.Add(static_cast<const Ox_Record *>(nullptr));
       Ox_Record *original = orgBuff.GetItem(kept);
@@ -379,7 +369,7 @@ int Ox_Dataset::LoadData(const Ox_Buffer &buffer, int position, int &count) {
       }
       row->orgRef = kept;
       original->orgRef = at;
-    } else if (type == kRowInsert) {
+    } else if (type == OX_ROW_INSERT) {
       ++changeCount;
     }
   }
